@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QString>
+
+/// Runs the script at `scriptPath` on the SQLite file at `databasePath`, which is made if it is
+/// missing. The script's statements end with ";" at the end of a line and hold no triggers.
+/// On failure returns false with the reason in `error`; the statements before it have run.
+bool runSqlScript(const QString &scriptPath, const QString &databasePath, QString &error);

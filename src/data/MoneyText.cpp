@@ -1,0 +1,25 @@
+#include "data/MoneyText.h"
+
+#include <QLocale>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+double roundTo(double value, int places)
+{
+    const double factor = std::pow(10.0, places);
+    return std::round(value * factor) / factor;
+}
+
+QString moneyText(double dollars) { return u"$%1"_s.arg(dollars, 0, 'f', 2); }
+
+QString groupedMoneyText(double dollars)
+{
+    const auto sign = dollars < 0.0 ? "-$"_L1 : "$"_L1;
+    return sign + groupedNumber2Text(std::abs(dollars));
+}
+
+QString number2Text(double value) { return QString::number(value, 'f', 2); }
+
+QString groupedNumber2Text(double value) { return QLocale().toString(value, 'f', 2); }

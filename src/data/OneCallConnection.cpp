@@ -1,0 +1,15 @@
+#include "data/OneCallConnection.h"
+
+#include "data/DatabaseLocator.h"
+
+OneCallConnection::OneCallConnection(const QString &connectionName, Open open, QString &error)
+    : name(connectionName)
+    , handle(open(connectionName, error))
+{
+}
+
+OneCallConnection::~OneCallConnection()
+{
+    if (handle.isValid())
+        DatabaseLocator::releaseNamedConnection(handle, name);
+}

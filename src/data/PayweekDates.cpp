@@ -1,0 +1,125 @@
+#include "data/DomainRules.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace DomainRules {
+
+namespace {
+
+QDate firstDate(const QString &text, std::initializer_list<QStringView> forms)
+{
+    const QString trimmed = text.trimmed();
+    if (trimmed.isEmpty())
+        return {};
+    for (const QStringView form : forms) {
+        const QDate date = QDate::fromString(trimmed, form, QCalendar());
+        if (date.isValid())
+            return date;
+    }
+    return {};
+}
+
+// Reading a date costs far more than comparing two, so a list is sorted on keys read beforehand.
+struct PayweekOrder
+{
+    QString payweek;
+    QDate date = parsePayweekDate(payweek);
+    QString trimmed = payweek.trimmed();
+};
+
+template <typename Before>
+bool standsBefore(const PayweekOrder &a, const PayweekOrder &b, Before before)
+{
+    if (a.date.isValid() && b.date.isValid())
+        return before(a.date, b.date);
+    if (a.date.isValid() != b.date.isValid())
+        return a.date.isValid();
+    return before(a.trimmed, b.trimmed);
+}
+
+template <typename Before> void sortPayweeks(QStringList &payweeks, Before before)
+{
+    std::vector<PayweekOrder> keys;
+    keys.reserve(static_cast<std::size_t>(payweeks.size()));
+    for (const QString &payweek : std::as_const(payweeks))
+        keys.push_back({payweek});
+    std::sort(keys.begin(), keys.end(), [before](const PayweekOrder &a, const PayweekOrder &b) {
+        return standsBefore(a, b, before);
+    });
+    std::transform(keys.begin(), keys.end(), payweeks.begin(),
+                   [](const PayweekOrder &key) { return key.payweek; });
+}
+
+} // namespace
+
+QDate parsePayweekDate(const QString &text)
+{
+    return firstDate(text,
+                     {u"MM/dd/yyyy", u"M/d/yyyy", u"MM-dd-yyyy", u"M-d-yyyy", u"yyyy-MM-dd",
+                      u"yyyy/MM/dd"});
+}
+
+QDate parseTripListDate(const QString &text)
+{
+    return firstDate(text,
+                     {u"MM/dd/yyyy", u"M/d/yyyy", u"yyyy-MM-dd", u"yyyy/MM/dd", u"MM-dd-yyyy",
+                      u"M-d-yyyy"});
+}
+
+QDate parseViewPayweekDate(const QString &text)
+{
+    return firstDate(text,
+                     {u"MM/dd/yyyy", u"M/d/yyyy", u"M/dd/yyyy", u"MM/d/yyyy", u"yyyy-MM-dd"});
+}
+
+QDate parseSettlementDate(const QString &text)
+{
+    return firstDate(text, {u"MM/dd/yyyy", u"M/d/yyyy", u"yyyy-MM-dd"});
+}
+
+int editSettlementYear(const QString &text)
+{
+    const QDate date = parseSettlementDate(text);
+    return date.isValid() ? date.year() : text.trimmed().right(4).toInt();
+}
+
+bool payweekIsLater(const QString &a, const QString &b)
+{
+    return standsBefore({a}, {b}, std::greater<>());
+}
+
+bool payweekIsEarlier(const QString &a, const QString &b)
+{
+    return standsBefore({a}, {b}, std::less<>());
+}
+
+void sortPayweeksNewestFirst(QStringList &payweeks) { sortPayweeks(payweeks, std::greater<>()); }
+
+void sortPayweeksOldestFirst(QStringList &payweeks) { sortPayweeks(payweeks, std::less<>()); }
+
+QDateTime parseAppointmentDateTime(const QString &text)
+{
+    const QString trimmed = text.trimmed();
+    if (trimmed.isEmpty())
+        return {};
+    QDateTime appointment = QDateTime::fromString(trimmed, Qt::ISODate);
+    if (appointment.isValid())
+        return appointment;
+    static constexpr std::array<QStringView, 11> forms = {
+        u"MM/dd/yyyy HH:mm",    u"M/d/yyyy H:mm",      u"MM/dd/yyyy HH:mm:ss",
+        u"M/d/yyyy H:mm:ss",    u"MM/dd/yyyy h:mm AP", u"M/d/yyyy h:mm AP",
+        u"MM/dd/yyyy h:mm ap",  u"M/d/yyyy h:mm ap",   u"yyyy-MM-dd HH:mm",
+        u"yyyy-MM-dd HH:mm:ss", u"yyyy-MM-ddTHH:mm:ss"};
+    for (const QStringView form : forms) {
+        appointment = QDateTime::fromString(trimmed, form, QCalendar());
+        if (appointment.isValid())
+            return appointment;
+    }
+    return {};
+}
+
+} // namespace DomainRules

@@ -1,0 +1,127 @@
+#include "support/Workspace.h"
+
+#include "data/DatabaseLocator.h"
+#include "data/SqlStatement.h"
+#include "samples/SqlScript.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QSettings>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Opened for one call only: a connection that stays open would count as the trips file in use.
+template <typename Work> void onTrips(const QString &path, Work work)
+{
+    const QString name = u"workspace"_s;
+    QSqlDatabase database;
+    QString error;
+    if (DatabaseLocator::openNamedConnection(database, name, path, error))
+        work(database, error);
+    DatabaseLocator::releaseNamedConnection(database, name);
+    if (!error.isEmpty())
+        QTest::qFail(qPrintable(error), __FILE__, __LINE__);
+}
+
+QSettings settingsStore() { return {u"Brindle Path LLC"_s, u"Brindlepath Desk"_s}; }
+
+} // namespace
+
+Workspace::Workspace()
+    : previousFolder(QDir::currentPath())
+{
+    QTest::failOnWarning(QRegularExpression(u"."_s));
+    QDir::setCurrent(folder.path());
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, path(u"settings"_s));
+}
+
+Workspace::~Workspace() { QDir::setCurrent(previousFolder); }
+
+QString Workspace::path(const QString &fileName) const { return folder.filePath(fileName); }
+
+QString Workspace::makeTrips(const QString &fileName) { return made(u"trips.sql"_s, fileName); }
+
+QString Workspace::makeLocations(const QString &fileName)
+{
+    return made(u"locations.sql"_s, fileName);
+}
+
+QString Workspace::made(const QString &schema, const QString &fileName) const
+{
+    const QString target = path(fileName);
+    QDir().mkpath(QFileInfo(target).path());
+    QString error;
+    if (!runSqlScript(QStringLiteral(BRINDLEPATH_SCHEMA_DIR) + u'/' + schema, target, error))
+        QTest::qFail(qPrintable(error), __FILE__, __LINE__);
+    return target;
+}
+
+QString Workspace::makeFile(const QString &fileName, const QByteArray &content) const
+{
+    const QString target = path(fileName);
+    QDir().mkpath(QFileInfo(target).path());
+    QFile file(target);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        QTest::qFail(qPrintable(file.errorString()), __FILE__, __LINE__);
+    return target;
+}
+
+QByteArray Workspace::bytes(const QString &fileName) const
+{
+    QFile file(path(fileName));
+    if (!file.open(QIODevice::ReadOnly))
+        QTest::qFail(qPrintable(file.errorString()), __FILE__, __LINE__);
+    return file.readAll();
+}
+
+void Workspace::execute(const QString &sql, const QVariantList &values) const
+{
+    onTrips(path(DatabaseLocator::tripsFileName),
+            [&](const QSqlDatabase &database, QString &error) {
+                runSql(database, sql, values, error);
+            });
+}
+
+qint64 Workspace::insert(const QString &sql, const QVariantList &values) const
+{
+    qint64 id = 0;
+    onTrips(path(DatabaseLocator::tripsFileName),
+            [&](const QSqlDatabase &database, QString &error) {
+                SqlStatement statement(database, sql);
+                if (statement.run(values, error))
+                    id = statement.lastInsertId().toLongLong();
+            });
+    return id;
+}
+
+QVariant Workspace::value(const QString &sql, const QVariantList &values) const
+{
+    QVariant result;
+    onTrips(path(DatabaseLocator::tripsFileName),
+            [&](const QSqlDatabase &database, QString &error) {
+                SqlStatement(database, sql).firstValue(values, result, error);
+            });
+    return result;
+}
+
+QList<QStringList> Workspace::rows(const QString &sql, const QVariantList &values) const
+{
+    QList<QStringList> result;
+    onTrips(path(DatabaseLocator::tripsFileName),
+            [&](const QSqlDatabase &database, QString &error) {
+                SqlStatement(database, sql)
+                    .forEachRow(values, error, [&result](const SqlStatement &row) {
+                        result.append(row.texts());
+                    });
+            });
+    return result;
+}
+
+void Workspace::saveScale(int percent)
+{
+    settingsStore().setValue(u"appearance/uiScalePercent"_s, percent);
+}
