@@ -25,11 +25,11 @@ public:
     struct Seen
     {
         Kind kind = OtherDialog;
-        QString className;
-        QString title;
-        QString text;
-        QStringList buttons;
-        QString defaultButton;
+        QString className = {};
+        QString title = {};
+        QString text = {};
+        QStringList buttons = {};
+        QString defaultButton = {};
     };
 
     /// What to do with an expected dialog; without a word the robot presses "OK".
@@ -77,11 +77,11 @@ private:
     struct Step
     {
         Kind kind = OtherDialog;
-        QString title;
-        QString text;
+        QString title = {};
+        QString text = {};
         bool wholeText = true;
         QString button = QStringLiteral("OK");
-        QString path;
+        QString path = {};
         bool dismissed = false;
     };
 

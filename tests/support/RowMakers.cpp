@@ -32,9 +32,9 @@ StopMaker &StopMaker::window(const QString &earliest, const QString &latest)
     return at(earliest).set(u"has_appointment_window"_s, 1).set(u"appt_latest"_s, latest);
 }
 
-TripItemMaker::TripItemMaker(const QString &table, qint64 tripId, const QString &name,
+TripItemMaker::TripItemMaker(const QString &tableName, qint64 tripId, const QString &name,
                              double amount)
-    : RowMaker(table)
+    : RowMaker(tableName)
 {
     set(u"trip_id"_s, tripId).set(u"name"_s, name).set(u"amount"_s, amount);
 }

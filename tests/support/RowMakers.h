@@ -69,7 +69,7 @@ public:
 class TripItemMaker : public RowMaker<TripItemMaker>
 {
 public:
-    TripItemMaker(const QString &table, qint64 tripId, const QString &name, double amount);
+    TripItemMaker(const QString &tableName, qint64 tripId, const QString &name, double amount);
 };
 
 /// A fuel or DEF purchase: dollars, dollars, gallons.

@@ -27,8 +27,6 @@ template <typename Work> void onTrips(const QString &path, Work work)
         QTest::qFail(qPrintable(error), __FILE__, __LINE__);
 }
 
-QSettings settingsStore() { return {u"Brindle Path LLC"_s, u"Brindlepath Desk"_s}; }
-
 } // namespace
 
 Workspace::Workspace()
@@ -123,5 +121,6 @@ QList<QStringList> Workspace::rows(const QString &sql, const QVariantList &value
 
 void Workspace::saveScale(int percent)
 {
-    settingsStore().setValue(u"appearance/uiScalePercent"_s, percent);
+    QSettings(u"Brindle Path LLC"_s, u"Brindlepath Desk"_s)
+        .setValue(u"appearance/uiScalePercent"_s, percent);
 }
