@@ -21,10 +21,26 @@ if(BRINDLEPATH_SANITIZE)
   target_link_options(brindlepath_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# Qt's headers are most of the work of compiling a file here, so they are read once: one set for
-# code that knows no widgets, one for code that does.
+# Qt's headers are most of the work of compiling a file here, so they are read once for each kind
+# of target: code that knows no widgets, code that does, and tests.
+function(brindlepath_shared_headers kind)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "QT;HEADERS")
+  add_library(${kind} STATIC "${PROJECT_SOURCE_DIR}/cmake/shared_headers.cpp")
+  target_link_libraries(${kind} PUBLIC brindlepath_options ${arg_QT})
+  target_precompile_headers(${kind} PRIVATE ${arg_HEADERS})
+endfunction()
+
+set(core_qt Qt6::Core Qt6::Sql)
 set(core_headers <QtCore/QtCore> <QtSql/QtSql>)
-set(widget_headers ${core_headers} <QtWidgets/QtWidgets>)
+set(widgets_qt ${core_qt} Qt6::Widgets)
+set(widgets_headers ${core_headers} <QtWidgets/QtWidgets>)
+brindlepath_shared_headers(core_pch QT ${core_qt} HEADERS ${core_headers})
+brindlepath_shared_headers(widgets_pch QT ${widgets_qt} HEADERS ${widgets_headers})
+if(BRINDLEPATH_TESTS)
+  find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
+  brindlepath_shared_headers(
+    test_pch QT ${widgets_qt} Qt6::Test HEADERS ${widgets_headers} <QtTest/QtTest>)
+endif()
 
 # brindlepath_library(name SOURCES ... KNOWS ... [WIDGETS])
 #
@@ -32,23 +48,12 @@ set(widget_headers ${core_headers} <QtWidgets/QtWidgets>)
 function(brindlepath_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "WIDGETS" "" "SOURCES;KNOWS")
   add_library(${name} STATIC ${arg_SOURCES})
-  target_link_libraries(${name} PUBLIC brindlepath_options Qt6::Core Qt6::Sql ${arg_KNOWS})
+  target_link_libraries(${name} PUBLIC brindlepath_options ${core_qt} ${arg_KNOWS})
   if(arg_WIDGETS)
-    target_link_libraries(${name} PUBLIC Qt6::Widgets)
-    brindlepath_shared_headers(${name} widgets_pch "${widget_headers}")
+    target_link_libraries(${name} PUBLIC ${widgets_qt})
+    target_precompile_headers(${name} REUSE_FROM widgets_pch)
   else()
-    brindlepath_shared_headers(${name} core_pch "${core_headers}")
-  endif()
-endfunction()
-
-# The first target of each kind compiles the headers, and the others take them from it.
-function(brindlepath_shared_headers name kind headers)
-  get_property(owner GLOBAL PROPERTY ${kind})
-  if(owner)
-    target_precompile_headers(${name} REUSE_FROM ${owner})
-  else()
-    target_precompile_headers(${name} PRIVATE ${headers})
-    set_property(GLOBAL PROPERTY ${kind} ${name})
+    target_precompile_headers(${name} REUSE_FROM core_pch)
   endif()
 endfunction()
 
@@ -60,7 +65,7 @@ function(brindlepath_test name)
   set(target tst_${name})
   add_executable(${target} ${target}.cpp)
   target_link_libraries(${target} PRIVATE test_support ${arg_KNOWS})
-  brindlepath_shared_headers(${target} test_pch "${widget_headers};<QtTest/QtTest>")
+  target_precompile_headers(${target} REUSE_FROM test_pch)
   add_test(NAME ${name} COMMAND ${target})
   set_tests_properties(
     ${name}

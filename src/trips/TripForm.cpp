@@ -1,0 +1,84 @@
+#include "trips/TripForm.h"
+
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct FieldText
+{
+    const char *label;
+    const char *objectName;
+};
+
+constexpr std::array<FieldText, TripForm::fieldCount> fieldTexts = {{
+    {QT_TRANSLATE_NOOP("TripForm", "Trip #:"), "tripNoField"},
+    {QT_TRANSLATE_NOOP("TripForm", "Payweek:"), "payweekField"},
+    {QT_TRANSLATE_NOOP("TripForm", "Empty Miles:"), "emptyMilesField"},
+    {QT_TRANSLATE_NOOP("TripForm", "Loaded Miles:"), "loadedMilesField"},
+    {QT_TRANSLATE_NOOP("TripForm", "Linehaul:"), "linehaulField"},
+    {QT_TRANSLATE_NOOP("TripForm", "FUSU:"), "fusuField"},
+    {QT_TRANSLATE_NOOP("TripForm", "Carrier %:"), "carrierPercentField"},
+}};
+
+} // namespace
+
+TripForm::TripForm(QWidget *parent)
+    : QGroupBox(tr("Trip Form"), parent)
+    , tripIdLabel(new QLabel(this))
+    , hoursLabel(new QLabel(this))
+    , netPerHourLabel(new QLabel(this))
+{
+    setObjectName(u"tripForm"_s);
+    tripIdLabel->setObjectName(u"tripIdLabel"_s);
+    hoursLabel->setObjectName(u"tripHoursLabel"_s);
+    netPerHourLabel->setObjectName(u"netPerHourLabel"_s);
+    buildRows();
+    setTripId(0);
+    showHours({});
+}
+
+void TripForm::buildRows()
+{
+    auto *rows = new QFormLayout(this);
+    rows->addRow(tr("Loaded Trip ID:"), tripIdLabel);
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        fields.at(i) = new QLineEdit(this);
+        fields.at(i)->setObjectName(QLatin1StringView(fieldTexts.at(i).objectName));
+        rows->addRow(tr(fieldTexts.at(i).label), fields.at(i));
+    }
+    rows->addRow(tr("Trip Hours:"), hoursLabel);
+    rows->addRow(tr("Net / Hour:"), netPerHourLabel);
+}
+
+int TripForm::currentTripId() const
+{
+    return tripIdLabel->text().toInt(); // "(new trip)" is no number and gives 0
+}
+
+void TripForm::setTripId(int id)
+{
+    tripIdLabel->setText(id > 0 ? QString::number(id) : tr("(new trip)"));
+}
+
+QString TripForm::text(Field field) const { return fields.at(field)->text(); }
+
+void TripForm::setText(Field field, const QString &text) { fields.at(field)->setText(text); }
+
+void TripForm::showHours(const TripArithmetic::TripHoursResult &hours)
+{
+    hoursLabel->setText(TripArithmetic::hoursText(hours));
+    netPerHourLabel->setText(TripArithmetic::netPerHourText(hours));
+}
+
+void TripForm::startNewTrip()
+{
+    setTripId(0);
+    for (QLineEdit *field : fields)
+        field->clear();
+    showHours({});
+    fields.at(TripNo)->setFocus();
+}

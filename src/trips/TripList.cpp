@@ -1,0 +1,136 @@
+#include "trips/TripList.h"
+
+#include "app/UiScale.h"
+#include "data/DomainRules.h"
+#include "data/MoneyText.h"
+#include "trips/TripsTableItem.h"
+
+#include <QHeaderView>
+#include <QSignalBlocker>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int leastHeight = 110;
+
+bool isMoney(int column)
+{
+    switch (column) {
+    case LinehaulColumn:
+    case FusuColumn:
+    case TotalRevenueColumn:
+    case TotalCostColumn:
+    case NetRevenueColumn:
+    case NetPerHourColumn:
+        return true;
+    default:
+        return false;
+    }
+}
+
+QString shownText(int column, const QString &raw, double number)
+{
+    const bool isRange = raw.contains(" - "_L1);
+    return isMoney(column) && !isRange ? moneyText(number) : raw;
+}
+
+TripsTableItem *payweekItem(const QString &raw)
+{
+    auto *item = new TripsTableItem(raw);
+    item->setData(TripsTableItem::payweekRole, raw);
+    item->setSortDate(DomainRules::parseTripListDate(raw));
+    return item;
+}
+
+TripsTableItem *numberItem(int column, const QString &raw)
+{
+    const double number = DomainRules::sortNumberFromText(raw);
+    auto *item = new TripsTableItem(shownText(column, raw, number));
+    item->setSortNumber(number);
+    item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return item;
+}
+
+} // namespace
+
+TripList::TripList(QWidget *parent)
+    : QTableWidget(parent)
+{
+    setObjectName(u"tripList"_s);
+    setAccessibleName(tr("Trips"));
+    setMinimumHeight(leastHeight);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    verticalHeader()->hide();
+    showTrips({});
+    connect(horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
+            &TripList::refreshArrows);
+}
+
+void TripList::showTrips(const QList<QStringList> &rows)
+{
+    const QSignalBlocker blocker(this);
+    setUpdatesEnabled(false);
+    int section = horizontalHeader()->sortIndicatorSection();
+    Qt::SortOrder order = horizontalHeader()->sortIndicatorOrder();
+    if (section < 0 || section >= TripColumnCount) {
+        section = IdColumn;
+        order = Qt::DescendingOrder;
+    }
+    setSortingEnabled(false);
+    clear();
+    setColumnCount(TripColumnCount);
+    setHorizontalHeaderLabels(tripColumnLabels());
+    fill(rows);
+    horizontalHeader()->setSortIndicator(section, order);
+    setSortingEnabled(true); // sorts by the indicator just set
+    refreshArrows();
+    resizeColumnsToContents();
+    hideColumn(IdColumn);
+    setUpdatesEnabled(true);
+}
+
+void TripList::fill(const QList<QStringList> &rows)
+{
+    setRowCount(static_cast<int>(rows.size()));
+    for (int row = 0; row < rowCount(); ++row) {
+        for (int column = 0; column < TripColumnCount; ++column) {
+            const QString &raw = rows.at(row).at(column);
+            TripsTableItem *item
+                = column == PayweekColumn ? payweekItem(raw) : numberItem(column, raw);
+            item->setData(TripsTableItem::rawTextRole, raw);
+            setItem(row, column, item);
+        }
+    }
+}
+
+void TripList::refreshArrows() { UiScale::refreshTripListArrows(this, tripColumnLabels()); }
+
+int TripList::rowOfTrip(int tripId) const
+{
+    for (int row = 0; row < rowCount(); ++row) {
+        if (item(row, IdColumn)->text().toInt() == tripId)
+            return row;
+    }
+    return -1;
+}
+
+QStringList TripList::rowTexts(int row) const
+{
+    QStringList texts;
+    for (int column = 0; row >= 0 && row < rowCount() && column < TripColumnCount; ++column)
+        texts.append(item(row, column)->text());
+    return texts;
+}
+
+QString TripList::payweekOfRow(int row) const
+{
+    const QTableWidgetItem *cell = item(row, PayweekColumn);
+    if (!cell)
+        return {};
+    const QString payweek = cell->data(TripsTableItem::payweekRole).toString().trimmed();
+    return payweek.isEmpty() ? cell->text().trimmed() : payweek;
+}

@@ -1,0 +1,446 @@
+#include "trips/TripsPage.h"
+
+#include "app/UiScale.h"
+#include "app/WheelGuard.h"
+#include "data/DatabaseLocator.h"
+#include "data/DomainRules.h"
+#include "data/SqlTransaction.h"
+#include "trips/DetailsPane.h"
+#include "trips/TripDetailsText.h"
+#include "trips/TripForm.h"
+#include "trips/TripList.h"
+
+#include <QBoxLayout>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSignalBlocker>
+
+using namespace Qt::StringLiterals;
+using namespace TripArithmetic;
+
+namespace {
+
+const QString connectionName = u"trips_connection"_s;
+constexpr int basePointSize = 10;
+constexpr int headingGrowth = 4;
+constexpr int gapBetweenActions = 12;
+
+} // namespace
+
+TripsPage::TripsPage(QWidget *parent)
+    : QWidget(parent)
+    , payweekFilter(new QComboBox(this))
+    , list(new TripList(this))
+    , form(new TripForm(this))
+    , details(new DetailsPane(this))
+{
+    setObjectName(u"tripsPage"_s);
+    buildLayout();
+    connectWidgets();
+}
+
+// The name stays registered for the next open; the file must not stay locked.
+TripsPage::~TripsPage() { tripsDatabase.close(); }
+
+void TripsPage::buildLayout()
+{
+    auto *heading = new QLabel(tr("Trips"), this);
+    QFont headingFont = UiScale::scaledFont(heading, UiScale::defaultPercent, basePointSize);
+    headingFont.setPointSize(basePointSize + headingGrowth);
+    headingFont.setBold(true);
+    heading->setFont(headingFont);
+
+    auto *inner = new QWidget(this);
+    auto *sections = new QVBoxLayout(inner);
+    sections->setContentsMargins(12, 12, 12, 12);
+    sections->setSpacing(8);
+    sections->addWidget(heading);
+    sections->addLayout(buildActions());
+    sections->addWidget(list, 2);
+    sections->addWidget(form, 1);
+    sections->addWidget(details);
+
+    auto *scrolled = new QScrollArea(this);
+    scrolled->setWidgetResizable(true);
+    scrolled->setFrameShape(QFrame::NoFrame);
+    scrolled->setWidget(inner);
+    auto *outer = new QVBoxLayout(this);
+    outer->setContentsMargins(0, 0, 0, 0);
+    outer->addWidget(scrolled);
+}
+
+QHBoxLayout *TripsPage::buildActions()
+{
+    auto *row = new QHBoxLayout;
+    const auto addButton = [this, row](const QString &text, const QString &name, auto action) {
+        auto *button = new QPushButton(text, this);
+        button->setObjectName(name);
+        connect(button, &QPushButton::clicked, this, action);
+        row->addWidget(button);
+    };
+    addButton(tr("Open trips.db"), u"openTripsButton"_s, &TripsPage::browseForDatabase);
+    addButton(tr("Refresh"), u"refreshTripsButton"_s, &TripsPage::refresh);
+    row->addSpacing(gapBetweenActions);
+
+    auto *filterLabel = new QLabel(tr("Payweek:"), this);
+    filterLabel->setBuddy(payweekFilter);
+    payweekFilter->setObjectName(u"payweekFilter"_s);
+    payweekFilter->setMinimumWidth(150);
+    payweekFilter->addItem(tr("All Payweeks"));
+    guardFromWheel(payweekFilter);
+    row->addWidget(filterLabel);
+    row->addWidget(payweekFilter);
+    row->addSpacing(gapBetweenActions);
+
+    addButton(tr("New Trip"), u"newTripButton"_s, &TripsPage::startNewTrip);
+    addButton(tr("Save Trip / Changes"), u"saveTripButton"_s, &TripsPage::saveTrip);
+    addButton(tr("Delete Trip"), u"deleteTripButton"_s, &TripsPage::deleteTrip);
+    row->addStretch();
+    return row;
+}
+
+void TripsPage::connectWidgets()
+{
+    connect(payweekFilter, &QComboBox::currentTextChanged, this, &TripsPage::reloadList);
+    connect(list, &TripList::cellClicked, this, &TripsPage::clickCell);
+    connect(list, &TripList::itemSelectionChanged, this,
+            [this] { loadTrip(list->currentRow()); });
+}
+
+void TripsPage::makeReady(int percent)
+{
+    applyUiScale(percent);
+    report(tr("Trips page ready."));
+}
+
+void TripsPage::applyUiScale(int percent)
+{
+    const QFont pageFont = UiScale::scaledFont(this, percent, basePointSize);
+    setFont(pageFont);
+    UiScale::applyPageScale(this, pageFont, percent, {});
+    UiScale::applyTableScale(list, pageFont, percent);
+    details->setFont(pageFont);
+    updateGeometry();
+    update();
+}
+
+void TripsPage::autoOpen()
+{
+    const QString path
+        = DatabaseLocator::findDatabaseNearApplication(DatabaseLocator::tripsFileName);
+    if (!path.isEmpty())
+        openDatabase(path);
+}
+
+void TripsPage::openDatabase(const QString &path)
+{
+    QString error;
+    if (!DatabaseLocator::openNamedConnection(tripsDatabase, connectionName, path, error)) {
+        QMessageBox::critical(this, tr("Database Error"), error);
+        return;
+    }
+    bringFileUpToDate();
+    reloadPayweekFilter();
+    reloadList();
+    report(tr("Opened trips DB: %1").arg(path));
+}
+
+void TripsPage::bringFileUpToDate()
+{
+    QString error;
+    if (!TripsRepository::ensureTripDetailItems(tripsDatabase, error))
+        QMessageBox::critical(this, tr("Trip Detail Setup Error"), error);
+    if (!TripsRepository::ensureStopWindowColumns(tripsDatabase, error))
+        QMessageBox::critical(this, tr("Trip Stop Setup Error"), error);
+}
+
+void TripsPage::browseForDatabase()
+{
+    const QString path
+        = QFileDialog::getOpenFileName(this, tr("Open trips.db"), {},
+                                       tr("SQLite Database (*.db);;All Files (*.*)"));
+    if (!path.isEmpty())
+        openDatabase(path);
+}
+
+void TripsPage::refresh()
+{
+    reloadPayweekFilter();
+    reloadList();
+}
+
+void TripsPage::reloadPayweekFilter()
+{
+    QStringList payweeks;
+    QString error;
+    if (tripsDatabase.isOpen()
+        && !TripsRepository::listTripPayweeks(tripsDatabase, payweeks, error))
+        QMessageBox::critical(this, tr("Payweek Query Error"), error);
+
+    const QString chosen = payweekFilter->currentText();
+    const QSignalBlocker blocker(payweekFilter);
+    payweekFilter->clear();
+    payweekFilter->addItem(tr("All Payweeks"));
+    payweekFilter->addItems(payweeks);
+    payweekFilter->setCurrentIndex(std::max(0, payweekFilter->findText(chosen, Qt::MatchFixedString | Qt::MatchCaseSensitive)));
+}
+
+void TripsPage::reloadList()
+{
+    if (!requireOpenDatabase())
+        return;
+    QString filter = payweekFilter->currentText().trimmed();
+    if (payweekFilter->currentIndex() == 0)
+        filter.clear();
+    QList<QStringList> rows;
+    QString error;
+    if (!TripsRepository::loadTrips(tripsDatabase, filter, rows, error)) {
+        QMessageBox::critical(this, tr("Query Error"), error);
+        return;
+    }
+    list->showTrips(rowsWithHours(std::move(rows)));
+    report(tr("Loaded %1 trips").arg(list->rowCount()));
+}
+
+// The stored hours are those of the last save; the stops may have changed since.
+QList<QStringList> TripsPage::rowsWithHours(QList<QStringList> rows) const
+{
+    TripsRepository::StopTimings stops(tripsDatabase);
+    for (QStringList &row : rows) {
+        const int tripId = row.at(IdColumn).toInt();
+        if (tripId <= 0)
+            continue;
+        const double net = DomainRules::sortNumberFromText(row.at(NetRevenueColumn));
+        const TripHoursResult hours
+            = computeTripHours(stops.ofTrip(tripId), net, extraTripHours);
+        row[TripHoursColumn] = hoursText(hours);
+        row[NetPerHourColumn] = netPerHourText(hours);
+    }
+    return rows;
+}
+
+void TripsPage::clickCell(int row, int column)
+{
+    loadTrip(row);
+    if (column != PayweekColumn)
+        return;
+    const QString payweek = list->payweekOfRow(row);
+    if (!payweek.isEmpty() && openPayweekCallback)
+        openPayweekCallback(payweek);
+}
+
+void TripsPage::loadTrip(int row)
+{
+    const QStringList cells = list->rowTexts(row);
+    if (cells.isEmpty())
+        return;
+    const int tripId = cells.at(IdColumn).toInt();
+    form->setTripId(tripId);
+    form->setText(TripForm::TripNo, cells.at(TripNoColumn));
+    form->setText(TripForm::Payweek, cells.at(PayweekColumn));
+    form->setText(TripForm::EmptyMiles, cells.at(EmptyMilesColumn));
+    form->setText(TripForm::LoadedMiles, cells.at(LoadedMilesColumn));
+    form->setText(TripForm::Linehaul, cells.at(LinehaulColumn));
+    form->setText(TripForm::Fusu, cells.at(FusuColumn));
+    form->setText(TripForm::CarrierPercent, cells.at(CarrierPercentColumn));
+
+    const auto number
+        = [&cells](TripColumn column) { return DomainRules::sortNumberFromText(cells.at(column)); };
+    const TripTotals totals = computeTripTotals(
+        number(EmptyMilesColumn), number(LoadedMilesColumn), number(LinehaulColumn),
+        number(FusuColumn), number(CarrierPercentColumn), payItemTotal(tripId),
+        costItemTotal(tripId));
+    const TripHoursResult hours = hoursOfTrip(tripId, totals.netRevenue);
+    form->showHours(hours);
+    details->setPlainText(tripDetailsText(cells, totals, hours));
+    showTripTitle(cells.at(TripNoColumn));
+}
+
+void TripsPage::showTripTitle(const QString &tripNo)
+{
+    window()->setWindowTitle(u"Brindlepath Desk - "_s
+                             + (tripNo.isEmpty() ? tr("Trips") : tripNo));
+}
+
+void TripsPage::startNewTrip()
+{
+    form->startNewTrip();
+    details->clear();
+    showTripTitle({});
+    report(tr("New Trip mode."));
+}
+
+void TripsPage::saveTrip()
+{
+    if (!requireOpenDatabase())
+        return;
+    TripsRepository::TripRecord trip = tripFromForm();
+    if (!hasRequiredTexts(trip))
+        return;
+    trip.totals = computeTripTotals(trip.emptyMiles, trip.loadedMiles, trip.linehaul, trip.fusu,
+                                    trip.carrierPercent, payItemTotal(trip.id),
+                                    costItemTotal(trip.id));
+    trip.hours = hoursOfTrip(trip.id, trip.totals.netRevenue);
+    form->showHours(trip.hours);
+    if (!writeTrip(trip))
+        return;
+    reloadPayweekFilter();
+    reloadList();
+}
+
+TripsRepository::TripRecord TripsPage::tripFromForm() const
+{
+    TripsRepository::TripRecord trip;
+    trip.id = form->currentTripId();
+    trip.tripNo = form->text(TripForm::TripNo).trimmed();
+    trip.payweek = form->text(TripForm::Payweek).trimmed();
+    trip.emptyMiles = DomainRules::parseNumberText(form->text(TripForm::EmptyMiles));
+    trip.loadedMiles = DomainRules::parseNumberText(form->text(TripForm::LoadedMiles));
+    trip.carrierPercent = DomainRules::parseNumberText(form->text(TripForm::CarrierPercent));
+    trip.linehaul = DomainRules::parseMoneyText(form->text(TripForm::Linehaul));
+    trip.fusu = DomainRules::parseMoneyText(form->text(TripForm::Fusu));
+    return trip;
+}
+
+bool TripsPage::hasRequiredTexts(const TripsRepository::TripRecord &trip)
+{
+    if (trip.tripNo.isEmpty()) {
+        QMessageBox::warning(this, tr("Missing Trip #"), tr("Trip # is required."));
+        return false;
+    }
+    if (trip.payweek.isEmpty()) {
+        QMessageBox::warning(this, tr("Missing Payweek"), tr("Payweek is required."));
+        return false;
+    }
+    return true;
+}
+
+bool TripsPage::writeTrip(TripsRepository::TripRecord &trip)
+{
+    QString error;
+    if (trip.id < 1) {
+        if (!TripsRepository::insertTrip(tripsDatabase, trip, trip.id, error)) {
+            QMessageBox::critical(this, tr("Insert Trip Failed"), error);
+            return false;
+        }
+        form->setTripId(trip.id);
+        report(tr("Inserted new trip: %1").arg(trip.tripNo));
+        return true;
+    }
+    if (!TripsRepository::updateTrip(tripsDatabase, trip, error)) {
+        QMessageBox::critical(this, tr("Update Trip Failed"), error);
+        return false;
+    }
+    report(tr("Updated trip: %1").arg(trip.tripNo));
+    return true;
+}
+
+void TripsPage::deleteTrip()
+{
+    if (!requireOpenDatabase())
+        return;
+    const int tripId = form->currentTripId();
+    if (tripId < 1) {
+        QMessageBox::information(this, tr("Delete Trip"),
+                                 tr("Load an existing trip before deleting."));
+        return;
+    }
+    const QString tripNo = form->text(TripForm::TripNo).trimmed();
+    const QString tripName = tripNo.isEmpty() ? tr("Trip ID %1").arg(tripId)
+                                              : tr("Trip %1 (ID %2)").arg(tripNo).arg(tripId);
+    if (!confirmDelete(tripName))
+        return;
+
+    SqlTransaction transaction(tripsDatabase);
+    QString error;
+    if (!transaction.begin(error)
+        || !TripsRepository::deleteTripRows(tripsDatabase, tripId, error)
+        || !transaction.commit(error)) {
+        QMessageBox::critical(this, tr("Delete Trip Failed"), error);
+        return; // rolls back what was begun
+    }
+    startNewTrip();
+    reloadPayweekFilter();
+    reloadList();
+    report(tr("Deleted %1.").arg(tripName));
+}
+
+bool TripsPage::confirmDelete(const QString &tripName)
+{
+    const auto ask = [this](const QString &title, const QString &question) {
+        return QMessageBox::question(this, title, question, QMessageBox::Yes | QMessageBox::No,
+                                     QMessageBox::No)
+            == QMessageBox::Yes;
+    };
+    return ask(tr("Confirm Delete Trip"),
+               tr("Delete %1?\n\nThis will also delete related stops, pay items, cost items, "
+                  "fuel/detail rows, and trailers.\n\nContinue?")
+                   .arg(tripName))
+        && ask(tr("Final Delete Confirmation"),
+               tr("Final check:\n\nDelete %1 permanently?\n\n"
+                  "This cannot be undone from inside the app.")
+                   .arg(tripName));
+}
+
+void TripsPage::openTripById(int tripId)
+{
+    if (tripId <= 0)
+        return;
+    if (!tripsDatabase.isOpen())
+        autoOpen();
+    if (!tripsDatabase.isOpen()) {
+        report(tr("Unable to open trip %1 because trips.db is not open").arg(tripId));
+        return;
+    }
+    reloadList();
+    int row = list->rowOfTrip(tripId);
+    if (row < 0 && payweekFilter->currentIndex() != 0) {
+        payweekFilter->setCurrentIndex(0); // reloads the list
+        row = list->rowOfTrip(tripId);
+    }
+    if (row < 0) {
+        report(tr("Trip ID %1 was not found in the Trips table").arg(tripId));
+        return;
+    }
+    {
+        const QSignalBlocker blocker(list);
+        list->setCurrentCell(row, TripNoColumn);
+        list->selectRow(row);
+    }
+    loadTrip(row);
+    const QString tripNo = list->rowTexts(row).at(TripNoColumn);
+    report(tr("Opened trip %1 from View Payweek").arg(tripNo));
+}
+
+double TripsPage::payItemTotal(int tripId) const
+{
+    return TripsRepository::itemTotal(tripsDatabase, u"trip_pay_items"_s, tripId);
+}
+
+double TripsPage::costItemTotal(int tripId) const
+{
+    return TripsRepository::itemTotal(tripsDatabase, u"trip_cost_items"_s, tripId);
+}
+
+TripHoursResult TripsPage::hoursOfTrip(int tripId, double net) const
+{
+    return computeTripHours(TripsRepository::StopTimings(tripsDatabase).ofTrip(tripId), net,
+                            extraTripHours);
+}
+
+bool TripsPage::requireOpenDatabase()
+{
+    if (!tripsDatabase.isOpen())
+        QMessageBox::warning(this, tr("No Database"), tr("Open trips.db first."));
+    return tripsDatabase.isOpen();
+}
+
+void TripsPage::report(const QString &text) const
+{
+    if (statusCallback)
+        statusCallback(text);
+}
