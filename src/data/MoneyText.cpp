@@ -12,7 +12,7 @@ double roundTo(double value, int places)
     return std::round(value * factor) / factor;
 }
 
-QString moneyText(double dollars) { return u"$%1"_s.arg(dollars, 0, 'f', 2); }
+QString moneyText(double dollars) { return u'$' + number2Text(dollars); }
 
 QString groupedMoneyText(double dollars)
 {

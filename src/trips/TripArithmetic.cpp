@@ -34,7 +34,9 @@ TripHoursResult hoursBetween(const TripStopTiming &pickup, const TripStopTiming 
                              double extraHours)
 {
     const qint64 shortestSeconds = end(pickup).secsTo(start(delivery));
-    const qint64 longestSeconds = start(pickup).secsTo(end(delivery));
+    const bool noWindow = end(pickup) == start(pickup) && end(delivery) == start(delivery);
+    const qint64 longestSeconds
+        = noWindow ? shortestSeconds : start(pickup).secsTo(end(delivery));
     if (shortestSeconds < 1 && longestSeconds < 1)
         return {};
     const double longest = static_cast<double>(longestSeconds) / 3600.0;

@@ -5,6 +5,7 @@
 #include "data/MoneyText.h"
 #include "trips/TripsTableItem.h"
 
+#include <QAbstractItemDelegate>
 #include <QHeaderView>
 #include <QSignalBlocker>
 
@@ -35,21 +36,12 @@ QString shownText(int column, const QString &raw, double number)
     return isMoney(column) && !isRange ? moneyText(number) : raw;
 }
 
-TripsTableItem *payweekItem(const QString &raw)
+TripsTableItem *cell(int column, const QString &raw)
 {
-    auto *item = new TripsTableItem(raw);
-    item->setData(TripsTableItem::payweekRole, raw);
-    item->setSortDate(DomainRules::parseTripListDate(raw));
-    return item;
-}
-
-TripsTableItem *numberItem(int column, const QString &raw)
-{
+    if (column == PayweekColumn)
+        return new TripsTableItem(raw, DomainRules::parseTripListDate(raw));
     const double number = DomainRules::sortNumberFromText(raw);
-    auto *item = new TripsTableItem(shownText(column, raw, number));
-    item->setSortNumber(number);
-    item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    return item;
+    return new TripsTableItem(shownText(column, raw, number), raw, number);
 }
 
 } // namespace
@@ -97,14 +89,28 @@ void TripList::fill(const QList<QStringList> &rows)
 {
     setRowCount(static_cast<int>(rows.size()));
     for (int row = 0; row < rowCount(); ++row) {
-        for (int column = 0; column < TripColumnCount; ++column) {
-            const QString &raw = rows.at(row).at(column);
-            TripsTableItem *item
-                = column == PayweekColumn ? payweekItem(raw) : numberItem(column, raw);
-            item->setData(TripsTableItem::rawTextRole, raw);
-            setItem(row, column, item);
+        for (int column = 0; column < TripColumnCount; ++column)
+            setItem(row, column, cell(column, rows.at(row).at(column)));
+    }
+}
+
+int TripList::sizeHintForColumn(int column) const
+{
+    int longest = -1;
+    qsizetype length = -1;
+    for (int row = 0; row < rowCount(); ++row) {
+        const qsizetype rowLength = item(row, column)->text().size();
+        if (rowLength > length) {
+            length = rowLength;
+            longest = row;
         }
     }
+    if (longest < 0)
+        return -1; // no rows: the header alone decides
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    const QModelIndex index = model()->index(longest, column);
+    return itemDelegateForIndex(index)->sizeHint(option, index).width() + 1; // and the grid line
 }
 
 void TripList::refreshArrows() { UiScale::refreshTripListArrows(this, tripColumnLabels()); }

@@ -25,6 +25,11 @@ public:
     /// The payweek that a row's trip is paid in, trimmed.
     [[nodiscard]] QString payweekOfRow(int row) const;
 
+protected:
+    /// Measures the longest text of the column alone. Qt would lay out the first thousand cells,
+    /// which takes longer than all else in a refill, and miss a longer one behind them.
+    [[nodiscard]] int sizeHintForColumn(int column) const override;
+
 private:
     void fill(const QList<QStringList> &rows);
     void refreshArrows();

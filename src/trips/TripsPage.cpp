@@ -29,6 +29,18 @@ constexpr int basePointSize = 10;
 constexpr int headingGrowth = 4;
 constexpr int gapBetweenActions = 12;
 
+// The stored hours are those of the last save; the stops may have changed since.
+void putHours(QStringList &row, TripsRepository::StopTimings &stops)
+{
+    const int tripId = row.at(IdColumn).toInt();
+    if (tripId <= 0)
+        return;
+    const double net = DomainRules::sortNumberFromText(row.at(NetRevenueColumn));
+    const TripHoursResult hours = computeTripHours(stops.ofTrip(tripId), net, extraTripHours);
+    row[TripHoursColumn] = hoursText(hours);
+    row[NetPerHourColumn] = netPerHourText(hours);
+}
+
 } // namespace
 
 TripsPage::TripsPage(QWidget *parent)
@@ -196,31 +208,16 @@ void TripsPage::reloadList()
     QString filter = payweekFilter->currentText().trimmed();
     if (payweekFilter->currentIndex() == 0)
         filter.clear();
+    TripsRepository::StopTimings stops(tripsDatabase);
     QList<QStringList> rows;
     QString error;
-    if (!TripsRepository::loadTrips(tripsDatabase, filter, rows, error)) {
+    if (!TripsRepository::loadTrips(tripsDatabase, filter, rows, error,
+                                    [&stops](QStringList &row) { putHours(row, stops); })) {
         QMessageBox::critical(this, tr("Query Error"), error);
         return;
     }
-    list->showTrips(rowsWithHours(std::move(rows)));
+    list->showTrips(rows);
     report(tr("Loaded %1 trips").arg(list->rowCount()));
-}
-
-// The stored hours are those of the last save; the stops may have changed since.
-QList<QStringList> TripsPage::rowsWithHours(QList<QStringList> rows) const
-{
-    TripsRepository::StopTimings stops(tripsDatabase);
-    for (QStringList &row : rows) {
-        const int tripId = row.at(IdColumn).toInt();
-        if (tripId <= 0)
-            continue;
-        const double net = DomainRules::sortNumberFromText(row.at(NetRevenueColumn));
-        const TripHoursResult hours
-            = computeTripHours(stops.ofTrip(tripId), net, extraTripHours);
-        row[TripHoursColumn] = hoursText(hours);
-        row[NetPerHourColumn] = netPerHourText(hours);
-    }
-    return rows;
 }
 
 void TripsPage::clickCell(int row, int column)

@@ -55,7 +55,6 @@ private:
     void refresh();
     void reloadPayweekFilter();
     void reloadList();
-    QList<QStringList> rowsWithHours(QList<QStringList> rows) const;
 
     void clickCell(int row, int column);
     void loadTrip(int row);

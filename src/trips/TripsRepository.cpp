@@ -185,7 +185,8 @@ bool listTripPayweeks(const QSqlDatabase &database, QStringList &payweeks, QStri
 }
 
 bool loadTrips(const QSqlDatabase &database, const QString &payweekFilter,
-               QList<QStringList> &rows, QString &error)
+               QList<QStringList> &rows, QString &error,
+               const std::function<void(QStringList &row)> &complete)
 {
     rows.clear();
     if (!isOpen(database, error))
@@ -195,7 +196,11 @@ bool loadTrips(const QSqlDatabase &database, const QString &payweekFilter,
     const QString sql = QString(selectTrips).arg(all ? QString() : QString(ofPayweek));
     return SqlStatement(database, sql)
         .forEachRow(all ? QVariantList() : QVariantList{payweek}, error,
-                    [&rows](const SqlStatement &row) { rows.append(row.texts()); });
+                    [&rows, &complete](const SqlStatement &row) {
+                        rows.append(row.texts());
+                        if (complete)
+                            complete(rows.last());
+                    });
 }
 
 bool listItemNames(const QSqlDatabase &database, const QString &table, QStringList &names,

@@ -1,25 +1,54 @@
 #include "trips/TripsTableItem.h"
 
-void TripsTableItem::setSortNumber(double number)
+TripsTableItem::TripsTableItem(const QString &text)
+    : QTableWidgetItem(text)
+    , raw(text)
 {
-    setData(sortKindRole, SortNumber);
-    setData(sortNumberRole, number);
 }
 
-void TripsTableItem::setSortDate(QDate date)
+TripsTableItem::TripsTableItem(const QString &text, const QString &rawText, double number)
+    : QTableWidgetItem(text)
+    , sortKind(SortNumber)
+    , raw(rawText)
+    , sortNumber(number)
 {
-    setData(sortKindRole, SortDate);
-    setData(sortDateRole, date);
+}
+
+TripsTableItem::TripsTableItem(const QString &payweek, QDate date)
+    : QTableWidgetItem(payweek)
+    , sortKind(SortDate)
+    , raw(payweek)
+    , sortDate(date)
+{
+}
+
+QVariant TripsTableItem::data(int role) const
+{
+    switch (role) {
+    case payweekRole:
+        return sortKind == SortDate ? raw : QVariant();
+    case rawTextRole:
+        return raw;
+    case sortKindRole:
+        return sortKind;
+    case sortNumberRole:
+        return sortNumber;
+    case sortDateRole:
+        return sortDate;
+    case Qt::TextAlignmentRole:
+        return sortKind == SortNumber ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
+    default:
+        return QTableWidgetItem::data(role);
+    }
 }
 
 bool TripsTableItem::operator<(const QTableWidgetItem &other) const
 {
-    const int kind = data(sortKindRole).toInt();
-    if (kind == other.data(sortKindRole).toInt()) {
-        if (kind == SortNumber)
-            return data(sortNumberRole).toDouble() < other.data(sortNumberRole).toDouble();
-        if (kind == SortDate)
-            return data(sortDateRole).toDate() < other.data(sortDateRole).toDate();
+    if (sortKind == other.data(sortKindRole).toInt()) {
+        if (sortKind == SortNumber)
+            return sortNumber < other.data(sortNumberRole).toDouble();
+        if (sortKind == SortDate)
+            return sortDate < other.data(sortDateRole).toDate();
     }
     return QString::localeAwareCompare(text(), other.text()) < 0;
 }

@@ -1,0 +1,209 @@
+#include "app/BrindlepathApp.h"
+
+#include "app/UiScale.h"
+#include "data/DatabaseLocator.h"
+#include "settings/AboutDialog.h"
+#include "settings/ProductFacts.h"
+#include "settlements/ViewPayweekPage.h"
+#include "trips/TripsPage.h"
+#include "ui_BrindlepathApp.h"
+
+#include <QApplication>
+#include <QBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QStatusBar>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The row of a page in the navigation list is its index in the stack.
+const QString startScreenName = u"Start Screen"_s;
+const QString tripsName = u"Trips"_s;
+const QString viewPayweekName = u"View Payweek"_s;
+
+} // namespace
+
+BrindlepathApp::BrindlepathApp(QWidget *parent)
+    : QMainWindow(parent)
+{
+    Ui::BrindlepathAppClass form;
+    form.setupUi(this);
+    setWindowTitle(ProductFacts::displayName);
+    buildUi();
+    // Connected only now: the first row was selected while the window was built, and that is no
+    // choice of a page which a title should follow.
+    connect(navigationList, &QListWidget::currentRowChanged, this,
+            &BrindlepathApp::onNavigationRowChanged);
+    setStatusText(tr("Ready"));
+    autoOpenDatabases();
+}
+
+void BrindlepathApp::buildUi()
+{
+    buildNavigation();
+    buildPages();
+    stackPages();
+    buildCentralWidget();
+    buildHelpMenu();
+    buildStatusLine();
+    navigationList->setCurrentRow(0);
+    applyUiScale(UiScale::savedUiScalePercent());
+}
+
+void BrindlepathApp::buildNavigation()
+{
+    navigationList = new QListWidget(this);
+    navigationList->setObjectName(u"navigationList"_s);
+    navigationList->setAccessibleName(tr("Pages"));
+    navigationList->setMinimumWidth(190);
+    navigationList->setMaximumWidth(260);
+    navigationList->addItems({startScreenName, tripsName, viewPayweekName});
+}
+
+void BrindlepathApp::buildPages()
+{
+    pageStack = new QStackedWidget(this);
+    pageStack->setObjectName(u"pageStack"_s);
+    const auto toStatusLine = [this](const QString &text) { setStatusText(text); };
+
+    buildStartScreen();
+
+    tripsPage = new TripsPage(this);
+    tripsPage->makeReady(UiScale::savedUiScalePercent());
+    tripsPage->statusCallback = toStatusLine; // only now: that the page is ready is no news
+    tripsPage->openPayweekCallback = [this](const QString &payweek) { showPayweek(payweek); };
+
+    viewPayweekPage = new ViewPayweekPage(this);
+    viewPayweekPage->statusCallback = toStatusLine;
+    viewPayweekPage->openTripCallback
+        = [this](int tripId, const QString &tripNo) { showTrip(tripId, tripNo); };
+    viewPayweekPage->payweekChangedCallback = [this](const QString &payweek) {
+        if (pageStack->currentWidget() == viewPayweekPage)
+            updateViewPayweekTitle(payweek);
+    };
+}
+
+void BrindlepathApp::stackPages()
+{
+    pageStack->addWidget(startPage);
+    pageStack->addWidget(tripsPage);
+    pageStack->addWidget(viewPayweekPage);
+}
+
+void BrindlepathApp::buildCentralWidget()
+{
+    auto *splitter = new QSplitter(Qt::Horizontal, this);
+    splitter->addWidget(navigationList);
+    splitter->addWidget(pageStack);
+    splitter->setStretchFactor(0, 0);
+    splitter->setStretchFactor(1, 1);
+
+    auto *central = new QWidget(this);
+    auto *layout = new QHBoxLayout(central);
+    layout->setContentsMargins(8, 8, 8, 8);
+    layout->setSpacing(8);
+    layout->addWidget(splitter);
+    setCentralWidget(central); // and with it go the widgets of the form
+}
+
+void BrindlepathApp::buildHelpMenu()
+{
+    QMenu *help = menuBar()->addMenu(tr("&Help"));
+    QAction *about = help->addAction(tr("&About Brindlepath Desk"));
+    connect(about, &QAction::triggered, this, &BrindlepathApp::showAboutDialog);
+}
+
+void BrindlepathApp::buildStatusLine()
+{
+    statusLabel = new QLabel(tr("Ready"), this);
+    statusLabel->setObjectName(u"statusLabel"_s);
+    statusBar()->addWidget(statusLabel, 1);
+}
+
+void BrindlepathApp::setStatusText(const QString &text)
+{
+    if (statusLabel)
+        statusLabel->setText(text);
+    statusBar()->showMessage(text, 0);
+}
+
+void BrindlepathApp::applyUiScale(int percent)
+{
+    const int clamped = UiScale::clampedPercent(percent);
+    QFont font = QApplication::font();
+    font.setPointSize(UiScale::applicationPointSize(clamped));
+    QApplication::setFont(font);
+    setFont(font);
+    navigationList->setFont(font);
+    statusLabel->setFont(font);
+    tripsPage->applyUiScale(clamped);
+}
+
+void BrindlepathApp::autoOpenDatabases()
+{
+    tripsPage->autoOpen();
+    const QString trips
+        = DatabaseLocator::findDatabaseNearApplication(DatabaseLocator::tripsFileName);
+    if (!trips.isEmpty())
+        viewPayweekPage->openDatabase(trips);
+    refreshStartScreen();
+}
+
+void BrindlepathApp::onNavigationRowChanged(int row)
+{
+    if (row < 0 || row >= pageStack->count())
+        return;
+    pageStack->setCurrentIndex(row);
+    const QListWidgetItem *item = navigationList->item(row);
+    const QString name = item ? item->text() : tr("Unknown");
+    if (name == startScreenName) {
+        refreshStartScreen();
+        setWindowTitle(ProductFacts::displayName);
+    } else if (name == viewPayweekName) {
+        updateViewPayweekTitle(viewPayweekPage->currentPayweek());
+    } else {
+        setWindowTitle(ProductFacts::displayName + " - "_L1 + name);
+    }
+    setStatusText(tr("Current Page: %1").arg(name));
+}
+
+void BrindlepathApp::updateViewPayweekTitle(const QString &payweek)
+{
+    QString title = ProductFacts::displayName + " - "_L1 + viewPayweekName;
+    if (const QString week = payweek.trimmed(); !week.isEmpty())
+        title += " - "_L1 + week;
+    setWindowTitle(title);
+}
+
+void BrindlepathApp::showPage(QWidget *page)
+{
+    const int index = pageStack->indexOf(page);
+    navigationList->setCurrentRow(index);
+    pageStack->setCurrentIndex(index);
+}
+
+void BrindlepathApp::showPayweek(const QString &payweek)
+{
+    showPage(viewPayweekPage);
+    viewPayweekPage->showPayweek(payweek);
+    updateViewPayweekTitle(viewPayweekPage->currentPayweek());
+}
+
+void BrindlepathApp::showTrip(int tripId, const QString &tripNo)
+{
+    showPage(tripsPage);
+    tripsPage->openTripById(tripId);
+    if (const QString number = tripNo.trimmed(); !number.isEmpty())
+        setStatusText(tr("Opened trip %1 from View Payweek").arg(number));
+}
+
+void BrindlepathApp::showAboutDialog()
+{
+    AboutDialog dialog(this);
+    dialog.exec();
+}

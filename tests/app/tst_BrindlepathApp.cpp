@@ -1,0 +1,398 @@
+#include "app/BrindlepathApp.h"
+
+#include "support/DialogRobot.h"
+#include "support/Person.h"
+#include "support/RowMakers.h"
+#include "support/TableReaders.h"
+#include "support/Workspace.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTest>
+#include <QTextEdit>
+#include <QToolBar>
+
+using namespace Qt::StringLiterals;
+
+class tst_BrindlepathApp : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void pagesStandInTheOrderOfTheNavigation();
+    void formLeavesOnlyItsBars();
+    void firstRowIsSelectedWithoutATitleChange();
+    void startWithoutDatabasesIsSilentAndMakesNoFile();
+    void startOpensTripsAndThePayweek();
+    void damagedFileGivesOneBoxAPageAndAUsableWindow();
+    void directoryNamedTripsDbGivesOneBoxAPage();
+    void zeroByteFileGivesTheBoxesOfEachPageOnce();
+    void choosingAPageWritesTitleAndStatus();
+    void emptyPayweekLeavesNoSeparatorInTheTitle();
+    void chosenPayweekStandsInTheTitle();
+    void payweekChosenBehindAnotherPageLeavesTheTitle();
+    void clickOnAPayweekOpensIt();
+    void clickOnATripOfAPayweekOpensItOnTrips();
+    void tripWithoutNumberOpensWithoutAStatusOfTheWindow();
+    void startScreenRefreshesWhenShown();
+    void startScreenTellsTheFileHeldOpenFromAnotherFolder();
+    void statusTextStandsInLabelAndBar();
+    void scaleIsClampedAndReachesTheWholeWindow();
+    void savedScaleOutsideTheRangeIsClamped();
+    void helpMenuShowsTheAboutDialog();
+
+private:
+    template <typename Widget> static Widget *named(const BrindlepathApp &window, const char *name)
+    {
+        return window.findChild<Widget *>(QLatin1StringView(name));
+    }
+    static void goTo(const BrindlepathApp &window, const QString &page);
+    static QString status(const BrindlepathApp &window);
+    static QString startValue(const BrindlepathApp &window, const char *name);
+
+    QFont fontBefore;
+};
+
+void tst_BrindlepathApp::init() { fontBefore = QApplication::font(); }
+
+void tst_BrindlepathApp::cleanup() { QApplication::setFont(fontBefore); }
+
+void tst_BrindlepathApp::goTo(const BrindlepathApp &window, const QString &page)
+{
+    auto *navigation = named<QListWidget>(window, "navigationList");
+    QListWidgetItem *row = navigation->findItems(page, Qt::MatchExactly).value(0);
+    QVERIFY2(row, qPrintable(page));
+    QTest::mouseClick(navigation->viewport(), Qt::LeftButton, {},
+                      navigation->visualItemRect(row).center());
+}
+
+QString tst_BrindlepathApp::status(const BrindlepathApp &window)
+{
+    return named<QLabel>(window, "statusLabel")->text();
+}
+
+QString tst_BrindlepathApp::startValue(const BrindlepathApp &window, const char *name)
+{
+    return named<QLabel>(window, name)->text();
+}
+
+void tst_BrindlepathApp::pagesStandInTheOrderOfTheNavigation()
+{
+    const Workspace workspace;
+    const BrindlepathApp window;
+    const auto *navigation = named<QListWidget>(window, "navigationList");
+    const auto *stack = named<QStackedWidget>(window, "pageStack");
+    QStringList rows;
+    QStringList pages;
+    for (int row = 0; row < navigation->count(); ++row)
+        rows.append(navigation->item(row)->text());
+    for (int index = 0; index < stack->count(); ++index)
+        pages.append(stack->widget(index)->objectName());
+    QCOMPARE(rows, QStringList({u"Start Screen"_s, u"Trips"_s, u"View Payweek"_s}));
+    QCOMPARE(pages, QStringList({u"startPage"_s, u"tripsPage"_s, u"viewPayweekPage"_s}));
+    QCOMPARE(navigation->minimumWidth(), 190);
+    QCOMPARE(navigation->maximumWidth(), 260);
+}
+
+void tst_BrindlepathApp::formLeavesOnlyItsBars()
+{
+    const Workspace workspace;
+    const BrindlepathApp window;
+    QVERIFY(!named<QPushButton>(window, "openDbButton"));
+    QVERIFY(!named<QTableWidget>(window, "tripsTable"));
+    QVERIFY(!named<QTextEdit>(window, "detailsText"));
+    QVERIFY(named<QMenuBar>(window, "menuBar"));
+    QVERIFY(named<QStatusBar>(window, "statusBar"));
+    const auto *toolBar = named<QToolBar>(window, "mainToolBar");
+    QVERIFY(toolBar);
+    QCOMPARE(toolBar->actions().size(), 0);
+    QCOMPARE(window.size(), QSize(600, 400));
+}
+
+void tst_BrindlepathApp::firstRowIsSelectedWithoutATitleChange()
+{
+    Workspace workspace;
+    workspace.makeTrips();
+    const BrindlepathApp window;
+    QCOMPARE(named<QListWidget>(window, "navigationList")->currentRow(), 0);
+    QCOMPARE(named<QStackedWidget>(window, "pageStack")->currentIndex(), 0);
+    QCOMPARE(window.windowTitle(), u"Brindlepath Desk"_s);
+    QCOMPARE(status(window), u"Loaded 0 payweeks for View Payweek"_s);
+}
+
+void tst_BrindlepathApp::startWithoutDatabasesIsSilentAndMakesNoFile()
+{
+    const Workspace workspace;
+    const DialogRobot robot;
+    const BrindlepathApp window;
+    QCOMPARE(robot.seen().size(), 0);
+    QCOMPARE(status(window), u"Ready"_s);
+    QCOMPARE(startValue(window, "startDatabaseValue"), u"No database open"_s);
+    QCOMPARE(startValue(window, "startTripsValue"), u"Not available"_s);
+    QCOMPARE(startValue(window, "startLocationsValue"), u"0"_s);
+    QCOMPARE(startValue(window, "startPayweekValue"), u"None"_s);
+    QCOMPARE(startValue(window, "startBackupValue"), u"Not Available"_s);
+    QCOMPARE(startValue(window, "startActivityLabel"), u"No recent activity available."_s);
+    QCOMPARE(QDir(workspace.path(u"."_s)).entryList(QDir::Files), QStringList());
+}
+
+void tst_BrindlepathApp::startOpensTripsAndThePayweek()
+{
+    Workspace workspace;
+    workspace.makeTrips();
+    workspace.makeLocations();
+    trip().no(u"4471203"_s).payweek(u"04/18/2026"_s).insert(workspace);
+    const BrindlepathApp window;
+    QCOMPARE(column(named<QTableWidget>(window, "tripList"), u"Trip #"_s),
+             QStringList({u"4471203"_s}));
+    QVERIFY(named<QTextEdit>(window, "payweekSummary")
+                ->toPlainText()
+                .startsWith("Payweek: 04/18/2026\n"_L1));
+    QCOMPARE(startValue(window, "startDatabaseValue"), u"trips.db"_s);
+    QCOMPARE(startValue(window, "startTripsValue"), u"1"_s);
+    QCOMPARE(startValue(window, "startPayweekValue"), u"04/18/2026"_s);
+    QCOMPARE(startValue(window, "startActivityLabel"), u"\u2022 Latest trip: 4471203"_s);
+    QCOMPARE(status(window), u"Loaded View Payweek summary for 04/18/2026"_s);
+}
+
+void tst_BrindlepathApp::damagedFileGivesOneBoxAPageAndAUsableWindow()
+{
+    const Workspace workspace;
+    const QByteArray noise("this is no database, whatever its name says; "
+                           "it only has to be longer than a header of one hundred bytes.....");
+    workspace.makeFile(u"trips.db"_s, noise);
+    DialogRobot robot;
+    const QString reason = u"file is not a database"_s;
+    robot.expectContaining(DialogRobot::Critical, u"Trip Detail Setup Error"_s, reason);
+    robot.expectContaining(DialogRobot::Critical, u"Trip Stop Setup Error"_s, reason);
+    robot.expectContaining(DialogRobot::Critical, u"Payweek Query Error"_s, reason);
+    robot.expectContaining(DialogRobot::Critical, u"Query Error"_s, reason);
+    robot.expectContaining(DialogRobot::Critical, u"Payweek Load Error"_s, reason);
+    BrindlepathApp window;
+    Person::shows(window);
+    goTo(window, u"Trips"_s);
+    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - Trips"_s);
+    QCOMPARE(workspace.bytes(u"trips.db"_s), noise);
+}
+
+void tst_BrindlepathApp::directoryNamedTripsDbGivesOneBoxAPage()
+{
+    const Workspace workspace;
+    QVERIFY(QDir().mkdir(workspace.path(u"trips.db"_s)));
+    DialogRobot robot;
+    const QString reason = u"unable to open database file"_s;
+    robot.expectContaining(DialogRobot::Critical, u"Database Error"_s, reason);
+    robot.expectContaining(DialogRobot::Critical, u"Database Error"_s, reason);
+    const BrindlepathApp window;
+    QCOMPARE(startValue(window, "startDatabaseValue"), u"trips.db"_s);
+    QCOMPARE(startValue(window, "startTripsValue"), u"Not available"_s);
+    QVERIFY(QDir(workspace.path(u"trips.db"_s)).isEmpty());
+}
+
+void tst_BrindlepathApp::zeroByteFileGivesTheBoxesOfEachPageOnce()
+{
+    const Workspace workspace;
+    workspace.makeFile(u"trips.db"_s, {});
+    DialogRobot robot;
+    robot.expectContaining(DialogRobot::Critical, u"Trip Stop Setup Error"_s, u"trip_stops"_s);
+    robot.expectContaining(DialogRobot::Critical, u"Payweek Query Error"_s, u"trips"_s);
+    robot.expectContaining(DialogRobot::Critical, u"Query Error"_s, u"trips"_s);
+    robot.expectContaining(DialogRobot::Critical, u"Payweek Load Error"_s, u"trips"_s);
+    const BrindlepathApp window;
+    QCOMPARE(startValue(window, "startTripsValue"), u"Not available"_s);
+    QCOMPARE(workspace.rows(u"SELECT name FROM sqlite_master WHERE type = 'table' "
+                            "AND name NOT LIKE 'sqlite_%'"_s),
+             QList<QStringList>({{u"trip_detail_items"_s}}));
+}
+
+void tst_BrindlepathApp::choosingAPageWritesTitleAndStatus()
+{
+    const Workspace workspace;
+    BrindlepathApp window;
+    Person::shows(window);
+    goTo(window, u"Trips"_s);
+    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - Trips"_s);
+    QCOMPARE(status(window), u"Current Page: Trips"_s);
+    QCOMPARE(named<QStackedWidget>(window, "pageStack")->currentIndex(), 1);
+    goTo(window, u"Start Screen"_s);
+    QCOMPARE(window.windowTitle(), u"Brindlepath Desk"_s);
+    QCOMPARE(status(window), u"Current Page: Start Screen"_s);
+}
+
+void tst_BrindlepathApp::emptyPayweekLeavesNoSeparatorInTheTitle()
+{
+    const Workspace workspace;
+    BrindlepathApp window;
+    Person::shows(window);
+    goTo(window, u"View Payweek"_s);
+    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - View Payweek"_s);
+    QCOMPARE(status(window), u"Current Page: View Payweek"_s);
+}
+
+void tst_BrindlepathApp::chosenPayweekStandsInTheTitle()
+{
+    Workspace workspace;
+    workspace.makeTrips();
+    trip().payweek(u"04/18/2026"_s).insert(workspace);
+    trip().payweek(u"04/11/2026"_s).insert(workspace);
+    BrindlepathApp window;
+    Person::shows(window);
+    goTo(window, u"View Payweek"_s);
+    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - View Payweek - 04/18/2026"_s);
+    Person::chooses(named<QComboBox>(window, "payweekBox"), u"04/11/2026"_s);
+    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - View Payweek - 04/11/2026"_s);
+}
+
+void tst_BrindlepathApp::payweekChosenBehindAnotherPageLeavesTheTitle()
+{
+    Workspace workspace;
+    workspace.makeTrips();
+    trip().payweek(u"04/18/2026"_s).insert(workspace);
+    trip().payweek(u"04/11/2026"_s).insert(workspace);
+    const BrindlepathApp window;
+    Person::chooses(named<QComboBox>(window, "payweekBox"), u"04/11/2026"_s);
+    QCOMPARE(window.windowTitle(), u"Brindlepath Desk"_s);
+}
+
+void tst_BrindlepathApp::clickOnAPayweekOpensIt()
+{
+    Workspace workspace;
+    workspace.makeTrips();
+    trip().no(u"4471203"_s).payweek(u"04/11/2026"_s).insert(workspace);
+    trip().no(u"4471204"_s).payweek(u"04/18/2026"_s).insert(workspace);
+    BrindlepathApp window;
+    Person::shows(window);
+    goTo(window, u"Trips"_s);
+    Person::clicksCell(named<QTableWidget>(window, "tripList"), 1, 2);
+    QCOMPARE(named<QListWidget>(window, "navigationList")->currentRow(), 2);
+    QCOMPARE(named<QStackedWidget>(window, "pageStack")->currentIndex(), 2);
+    QCOMPARE(named<QComboBox>(window, "payweekBox")->currentText(), u"04/11/2026"_s);
+    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - View Payweek - 04/11/2026"_s);
+    QCOMPARE(status(window), u"Opened View Payweek for 04/11/2026"_s);
+}
+
+void tst_BrindlepathApp::clickOnATripOfAPayweekOpensItOnTrips()
+{
+    Workspace workspace;
+    workspace.makeTrips();
+    trip().no(u"4471203"_s).payweek(u"04/18/2026"_s).insert(workspace);
+    BrindlepathApp window;
+    Person::shows(window);
+    goTo(window, u"View Payweek"_s);
+    Person::clicksCell(named<QTableWidget>(window, "payweekTrips"), 0, 0);
+    QCOMPARE(named<QListWidget>(window, "navigationList")->currentRow(), 1);
+    QCOMPARE(named<QLabel>(window, "tripIdLabel")->text(), u"1"_s);
+    QCOMPARE(named<QLineEdit>(window, "tripNoField")->text(), u"4471203"_s);
+    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - 4471203"_s);
+    QCOMPARE(status(window), u"Opened trip 4471203 from View Payweek"_s);
+}
+
+void tst_BrindlepathApp::tripWithoutNumberOpensWithoutAStatusOfTheWindow()
+{
+    Workspace workspace;
+    workspace.makeTrips();
+    trip().no(u""_s).payweek(u"04/18/2026"_s).insert(workspace);
+    BrindlepathApp window;
+    Person::shows(window);
+    goTo(window, u"View Payweek"_s);
+    Person::clicksCell(named<QTableWidget>(window, "payweekTrips"), 0, 0);
+    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - Trips"_s);
+    // What the Trips page itself reports stays.
+    QCOMPARE(status(window), u"Opened trip  from View Payweek"_s);
+}
+
+void tst_BrindlepathApp::startScreenRefreshesWhenShown()
+{
+    Workspace workspace;
+    workspace.makeTrips();
+    BrindlepathApp window;
+    Person::shows(window);
+    goTo(window, u"Trips"_s);
+    trip().no(u"4471203"_s).payweek(u"12/28/2025"_s).insert(workspace);
+    trip().no(u"4471204"_s).payweek(u"01/04/2026"_s).insert(workspace);
+    QCOMPARE(startValue(window, "startTripsValue"), u"0"_s);
+    goTo(window, u"Start Screen"_s);
+    QCOMPARE(startValue(window, "startTripsValue"), u"2"_s);
+    QCOMPARE(startValue(window, "startPayweekValue"), u"01/04/2026"_s);
+    QCOMPARE(startValue(window, "startActivityLabel"), u"\u2022 Latest trip: 4471204"_s);
+}
+
+void tst_BrindlepathApp::startScreenTellsTheFileHeldOpenFromAnotherFolder()
+{
+    Workspace workspace;
+    const QString elsewhere = workspace.makeTrips(u"old/TRIPS.DB"_s);
+    DialogRobot robot;
+    BrindlepathApp window;
+    Person::shows(window);
+    goTo(window, u"Trips"_s);
+    robot.expectFileDialog(u"Open trips.db"_s).choose(elsewhere);
+    Person::clicks(window, u"Open trips.db"_s);
+    goTo(window, u"Start Screen"_s);
+    QCOMPARE(startValue(window, "startDatabaseValue"), u"TRIPS.DB"_s);
+    QCOMPARE(startValue(window, "startTripsValue"), u"0"_s);
+}
+
+void tst_BrindlepathApp::statusTextStandsInLabelAndBar()
+{
+    const Workspace workspace;
+    BrindlepathApp window;
+    window.setStatusText(u"Loaded 3 trips"_s);
+    QCOMPARE(status(window), u"Loaded 3 trips"_s);
+    QCOMPARE(window.statusBar()->currentMessage(), u"Loaded 3 trips"_s);
+}
+
+void tst_BrindlepathApp::scaleIsClampedAndReachesTheWholeWindow()
+{
+    const Workspace workspace;
+    BrindlepathApp window;
+    window.applyUiScale(500);
+    QCOMPARE(QApplication::font().pointSize(), 17);
+    QCOMPARE(window.font().pointSize(), 17);
+    QCOMPARE(named<QListWidget>(window, "navigationList")->font().pointSize(), 17);
+    QCOMPARE(named<QLabel>(window, "statusLabel")->font().pointSize(), 17);
+    QCOMPARE(named<QPushButton>(window, "newTripButton")->minimumHeight(), 56);
+    window.applyUiScale(40);
+    QCOMPARE(QApplication::font().pointSize(), 8);
+    QCOMPARE(named<QPushButton>(window, "newTripButton")->minimumHeight(), 28);
+}
+
+void tst_BrindlepathApp::savedScaleOutsideTheRangeIsClamped()
+{
+    const Workspace workspace;
+    Workspace::saveScale(40);
+    const BrindlepathApp window;
+    QCOMPARE(QApplication::font().pointSize(), 8);
+    QCOMPARE(named<QPushButton>(window, "newTripButton")->minimumHeight(), 28);
+}
+
+void tst_BrindlepathApp::helpMenuShowsTheAboutDialog()
+{
+    const Workspace workspace;
+    DialogRobot robot;
+    const BrindlepathApp window;
+    const QAction *help = window.menuBar()->actions().value(0);
+    QVERIFY(help);
+    QCOMPARE(help->text(), u"&Help"_s);
+    QCOMPARE(help->menu()->actions().size(), 1);
+    QAction *about = help->menu()->actions().constFirst();
+    QCOMPARE(about->text(), u"&About Brindlepath Desk"_s);
+    robot.expectDialog(u"About Brindlepath Desk"_s).press(u"Close"_s);
+    about->trigger();
+    QCOMPARE(robot.seen().size(), 1);
+}
+
+QTEST_MAIN(tst_BrindlepathApp)
+
+#include "tst_BrindlepathApp.moc"
