@@ -22,7 +22,7 @@ if(BRINDLEPATH_SANITIZE)
 endif()
 
 # Qt's headers are most of the work of compiling a file here, so they are read once for each kind
-# of target: code that knows no widgets, code that does, and tests.
+# of target: code that knows no widgets, and code that does.
 function(brindlepath_shared_headers kind)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "QT;HEADERS")
   add_library(${kind} STATIC "${PROJECT_SOURCE_DIR}/cmake/shared_headers.cpp")
@@ -38,8 +38,6 @@ brindlepath_shared_headers(core_pch QT ${core_qt} HEADERS ${core_headers})
 brindlepath_shared_headers(widgets_pch QT ${widgets_qt} HEADERS ${widgets_headers})
 if(BRINDLEPATH_TESTS)
   find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
-  brindlepath_shared_headers(
-    test_pch QT ${widgets_qt} Qt6::Test HEADERS ${widgets_headers} <QtTest/QtTest>)
 endif()
 
 # brindlepath_library(name SOURCES ... KNOWS ... [WIDGETS])
@@ -65,7 +63,7 @@ function(brindlepath_test name)
   set(target tst_${name})
   add_executable(${target} ${target}.cpp)
   target_link_libraries(${target} PRIVATE test_support ${arg_KNOWS})
-  target_precompile_headers(${target} REUSE_FROM test_pch)
+  target_precompile_headers(${target} REUSE_FROM widgets_pch)
   add_test(NAME ${name} COMMAND ${target})
   set_tests_properties(
     ${name}
