@@ -146,7 +146,8 @@ void payweek(const QSqlDatabase &database, const QString &payweek, const QString
 
 void startScreen()
 {
-    const QString probe = u"SELECT name FROM sqlite_master WHERE type = 'table' AND name = 'trips'"_s;
+    const QString probe =
+        u"SELECT name FROM sqlite_master WHERE type = 'table' AND name = 'trips'"_s;
     const QString trips = DatabaseLocator::tripsFileName;
     readOnce(u"floor_count"_s, trips, {probe, u"SELECT COUNT(*) FROM trips"_s});
     readOnce(u"floor_locations"_s, DatabaseLocator::locationsFileName,
@@ -156,8 +157,9 @@ void startScreen()
                      "ORDER BY substr(payweek,7,4) || substr(payweek,1,2) || substr(payweek,4,2) "
                      "DESC, id DESC LIMIT 1"_s});
     readOnce(u"floor_activity"_s, trips,
-             {probe, probe, u"SELECT trip_no FROM trips WHERE TRIM(COALESCE(trip_no,'')) <> '' "
-                            "ORDER BY id DESC LIMIT 1"_s});
+             {probe, probe,
+              u"SELECT trip_no FROM trips WHERE TRIM(COALESCE(trip_no,'')) <> '' "
+              "ORDER BY id DESC LIMIT 1"_s});
 }
 
 } // namespace Floors

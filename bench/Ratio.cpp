@@ -38,8 +38,7 @@ double median(QList<double> values)
 
 void print(const Ratio &ratio)
 {
-    QTextStream(stdout) << u"%1 | %2 ms | %3 ms | %4 | %5 | %6\n"_s
-                               .arg(ratio.name)
+    QTextStream(stdout) << u"%1 | %2 ms | %3 ms | %4 | %5 | %6\n"_s.arg(ratio.name)
                                .arg(ratio.productMs, 0, 'f', 1)
                                .arg(ratio.floorMs, 0, 'f', 1)
                                .arg(ratio.value(), 0, 'f', 2)

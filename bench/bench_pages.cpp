@@ -1,9 +1,8 @@
 // What the pages do on a click, each beside its floor. Run it in a folder with the 20-year sample.
 
+#include "app/BrindlepathApp.h"
 #include "bench/Floors.h"
 #include "bench/Ratio.h"
-
-#include "app/BrindlepathApp.h"
 #include "settlements/ViewPayweekPage.h"
 
 #include <QApplication>
@@ -37,22 +36,24 @@ void benchTripList(const BrindlepathApp &window)
     QTableWidget plain;
     plain.resize(1280, 400);
     plain.show();
-    print(measured(u"Reload of the trip list"_s, 1.3, 15, [refresh] { refresh->click(); },
-                   [&plain, &database] { Floors::tripList(database, plain); }));
+    print(measured(
+        u"Reload of the trip list"_s, 1.3, 15, [refresh] { refresh->click(); },
+        [&plain, &database] { Floors::tripList(database, plain); }));
 }
 
 void benchPayweek(const BrindlepathApp &window, qsizetype weeksWalked)
 {
     auto *page = window.findChild<ViewPayweekPage *>();
     const QSqlDatabase database = QSqlDatabase::database(u"view_payweek_trips_connection"_s);
-    const QStringList year
-        = payweeksOfYear(*page->findChild<QComboBox *>(u"payweekBox"_s), u"2025"_s);
+    const QStringList year =
+        payweeksOfYear(*page->findChild<QComboBox *>(u"payweekBox"_s), u"2025"_s);
     const qsizetype from = std::max<qsizetype>(0, year.size() - 1 - weeksWalked);
     const QString payweek = year.at(from);
     const QStringList earlier = year.sliced(from + 1);
-    print(measured(u"Payweek %1, %2 weeks walked"_s.arg(payweek).arg(earlier.size()), 2.0, 9,
-                   [page, payweek] { page->showPayweek(payweek); },
-                   [&] { Floors::payweek(database, payweek, earlier); }));
+    print(measured(
+        u"Payweek %1, %2 weeks walked"_s.arg(payweek).arg(earlier.size()), 2.0, 9,
+        [page, payweek] { page->showPayweek(payweek); },
+        [&] { Floors::payweek(database, payweek, earlier); }));
 }
 
 } // namespace
@@ -69,7 +70,8 @@ int main(int argc, char *argv[])
     benchTripList(window);
     for (const qsizetype weeks : {13, 26, 51})
         benchPayweek(window, weeks);
-    print(measured(u"Refresh of the start screen"_s, 2.0, 25,
-                   [&window] { window.refreshStartScreen(); }, [] { Floors::startScreen(); }));
+    print(measured(
+        u"Refresh of the start screen"_s, 2.0, 25, [&window] { window.refreshStartScreen(); },
+        [] { Floors::startScreen(); }));
     return 0;
 }

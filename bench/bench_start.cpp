@@ -1,10 +1,9 @@
 // The start of the program, up to the first painted and settled window, and its peak memory,
 // beside an empty Qt window. Each start is a process of its own. Run it in a folder with a sample.
 
+#include "app/BrindlepathApp.h"
 #include "bench/Floors.h"
 #include "bench/Ratio.h"
-
-#include "app/BrindlepathApp.h"
 #include "data/DatabaseLocator.h"
 #include "data/DomainRules.h"
 #include "data/SqlStatement.h"
@@ -71,8 +70,8 @@ double floorsOfWhatIsLoaded()
                     [&payweeks](const SqlStatement &row) { payweeks.append(row.text(0)); });
     DomainRules::sortPayweeksNewestFirst(payweeks);
     const QString newest = payweeks.value(0);
-    const QStringList earlier
-        = payweeks.sliced(1).filter(QRegularExpression(newest.right(4) + u'$'));
+    const QStringList earlier =
+        payweeks.sliced(1).filter(QRegularExpression(newest.right(4) + u'$'));
     QTableWidget plain;
     QList<double> times;
     for (int round = 0; round < rounds; ++round) {

@@ -80,8 +80,9 @@ void BrindlepathApp::buildPages()
 
     viewPayweekPage = new ViewPayweekPage(this);
     viewPayweekPage->statusCallback = toStatusLine;
-    viewPayweekPage->openTripCallback
-        = [this](int tripId, const QString &tripNo) { showTrip(tripId, tripNo); };
+    viewPayweekPage->openTripCallback = [this](int tripId, const QString &tripNo) {
+        showTrip(tripId, tripNo);
+    };
     viewPayweekPage->payweekChangedCallback = [this](const QString &payweek) {
         if (pageStack->currentWidget() == viewPayweekPage)
             updateViewPayweekTitle(payweek);
@@ -147,8 +148,8 @@ void BrindlepathApp::applyUiScale(int percent)
 void BrindlepathApp::autoOpenDatabases()
 {
     tripsPage->autoOpen();
-    const QString trips
-        = DatabaseLocator::findDatabaseNearApplication(DatabaseLocator::tripsFileName);
+    const QString trips =
+        DatabaseLocator::findDatabaseNearApplication(DatabaseLocator::tripsFileName);
     if (!trips.isEmpty())
         viewPayweekPage->openDatabase(trips);
     refreshStartScreen();

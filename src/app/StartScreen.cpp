@@ -71,14 +71,14 @@ QWidget *BrindlepathApp::buildBusinessSummary()
     rows->setHorizontalSpacing(18);
     rows->setVerticalSpacing(8);
     rows->setColumnStretch(1, 1);
-    startDatabaseValue
-        = summaryRow(rows, 0, tr("Database:"), u"startDatabaseValue"_s, tr("No database open"));
+    startDatabaseValue =
+        summaryRow(rows, 0, tr("Database:"), u"startDatabaseValue"_s, tr("No database open"));
     startTripsValue = summaryRow(rows, 1, tr("Trips:"), u"startTripsValue"_s, u"0"_s);
     startLocationsValue = summaryRow(rows, 2, tr("Locations:"), u"startLocationsValue"_s, u"0"_s);
-    startPayweekValue
-        = summaryRow(rows, 3, tr("Current Payweek:"), u"startPayweekValue"_s, tr("None"));
-    startBackupValue
-        = summaryRow(rows, 4, tr("Last Backup:"), u"startBackupValue"_s, tr("Not Available"));
+    startPayweekValue =
+        summaryRow(rows, 3, tr("Current Payweek:"), u"startPayweekValue"_s, tr("None"));
+    startBackupValue =
+        summaryRow(rows, 4, tr("Last Backup:"), u"startBackupValue"_s, tr("Not Available"));
     return group;
 }
 

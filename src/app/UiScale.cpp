@@ -32,7 +32,10 @@ constexpr auto sortAscendingProperty = "uiScaleHelperSortAscending";
 constexpr auto connectedProperty = "uiScaleHelperSortArrowConnected";
 
 // Whole pixels or points, rounded down, but never less than `least`.
-int scaled(int percent, int base, int least) { return std::max(least, percent * base / 100); }
+int scaled(int percent, int base, int least)
+{
+    return std::max(least, percent * base / 100);
+}
 
 // Column widths alone round to the nearest pixel.
 int scaledWidth(int percent, int base)
@@ -91,8 +94,8 @@ QStringList collectedHeaders(const QTableWidget *table)
 void sortByClickedColumn(QTableWidget *table, int column)
 {
     const bool wasAscendingHere = table->property(hasSortColumnProperty).toBool()
-        && table->property(sortColumnProperty).toInt() == column
-        && table->property(sortAscendingProperty).toBool();
+                                  && table->property(sortColumnProperty).toInt() == column
+                                  && table->property(sortAscendingProperty).toBool();
     table->setProperty(sortColumnProperty, column);
     table->setProperty(hasSortColumnProperty, true);
     table->setProperty(sortAscendingProperty, !wasAscendingHere);
@@ -102,7 +105,10 @@ void sortByClickedColumn(QTableWidget *table, int column)
 
 } // namespace
 
-int clampedPercent(int percent) { return std::clamp(percent, smallestPercent, largestPercent); }
+int clampedPercent(int percent)
+{
+    return std::clamp(percent, smallestPercent, largestPercent);
+}
 
 int savedUiScalePercent()
 {
@@ -110,7 +116,10 @@ int savedUiScalePercent()
     return settings.value(u"appearance/uiScalePercent"_s, defaultPercent).toInt();
 }
 
-int applicationPointSize(int percent) { return scaled(percent, 10, 8); }
+int applicationPointSize(int percent)
+{
+    return scaled(percent, 10, 8);
+}
 
 QFont scaledFont(const QWidget *widget, int percent, int basePointSize)
 {

@@ -18,7 +18,7 @@ constexpr auto sqliteDriver = "QSQLITE"_L1;
 bool isOpenSqlite(const QSqlDatabase &database)
 {
     return database.isValid() && database.isOpen()
-        && database.driverName().compare(sqliteDriver, Qt::CaseInsensitive) == 0;
+           && database.driverName().compare(sqliteDriver, Qt::CaseInsensitive) == 0;
 }
 
 QString pathHeldOpen(const QString &fileName)
@@ -76,9 +76,15 @@ QString findDatabaseOrDefaultPath(const QString &fileName)
                            : found;
 }
 
-QString currentTripsDatabasePath() { return currentPath(tripsFileName); }
+QString currentTripsDatabasePath()
+{
+    return currentPath(tripsFileName);
+}
 
-QString currentLocationsDatabasePath() { return currentPath(locationsFileName); }
+QString currentLocationsDatabasePath()
+{
+    return currentPath(locationsFileName);
+}
 
 bool openNamedConnection(QSqlDatabase &handle, const QString &connectionName, const QString &path,
                          QString &error)

@@ -33,7 +33,7 @@ std::optional<double> plainNumber(QStringView text)
     if (digitCount == 0)
         return {};
     const double value = static_cast<double>(digits)
-        / powersOfTen.at(digitCount - digitsBeforePoint.value_or(digitCount));
+                         / powersOfTen.at(digitCount - digitsBeforePoint.value_or(digitCount));
     return negative ? -value : value;
 }
 

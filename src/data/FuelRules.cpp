@@ -1,5 +1,4 @@
 #include "data/DomainRules.h"
-
 #include "data/MoneyText.h"
 
 #include <QRegularExpression>
@@ -35,7 +34,7 @@ bool namesReeferFuel(const QString &clean)
 bool namesTruckFuel(const QString &clean)
 {
     return (clean.contains("truck"_L1) || clean.contains("tractor"_L1))
-        && clean.contains("fuel"_L1);
+           && clean.contains("fuel"_L1);
 }
 
 // The names that detail rows and cost items have in common; DEF is spelled by the caller.
@@ -61,7 +60,7 @@ bool isTruckOrReeferFuel(const QString &text)
 {
     const QString type = text.trimmed();
     return type.isEmpty() || type.compare(truckFuel, Qt::CaseInsensitive) == 0
-        || type.compare(reeferFuel, Qt::CaseInsensitive) == 0;
+           || type.compare(reeferFuel, Qt::CaseInsensitive) == 0;
 }
 
 FuelSummary summarizeFuelRows(const QList<FuelRowValues> &rows)
@@ -101,7 +100,10 @@ FuelSummary summarizeFuelRows(const QList<FuelRowValues> &rows)
     return summary;
 }
 
-QStringList fuelDetailTypeList() { return {truckFuel, reeferFuel, u"Def"_s}; }
+QStringList fuelDetailTypeList()
+{
+    return {truckFuel, reeferFuel, u"Def"_s};
+}
 
 QString normalizeFuelDetailType(const QString &text)
 {

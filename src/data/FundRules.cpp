@@ -10,7 +10,7 @@ bool isItem(const QString &kind, const QString &name, QLatin1StringView wantedKi
             QLatin1StringView wantedName)
 {
     return kind.trimmed().compare(wantedKind, Qt::CaseInsensitive) == 0
-        && name.trimmed().compare(wantedName, Qt::CaseInsensitive) == 0;
+           && name.trimmed().compare(wantedName, Qt::CaseInsensitive) == 0;
 }
 
 } // namespace
@@ -23,7 +23,7 @@ bool isEmergencyFundAdd(const QString &kind, const QString &name)
 bool isEmergencyFundWithdrawal(const QString &kind, const QString &name)
 {
     return isItem(kind, name, "revenue"_L1, "Emergency Fund"_L1)
-        || isItem(kind, name, "revenue"_L1, "Emergency Fund Withdrawal"_L1);
+           || isItem(kind, name, "revenue"_L1, "Emergency Fund Withdrawal"_L1);
 }
 
 bool isTireFundAdd(const QString &kind, const QString &name)

@@ -12,7 +12,10 @@ double roundTo(double value, int places)
     return std::round(value * factor) / factor;
 }
 
-QString moneyText(double dollars) { return u'$' + number2Text(dollars); }
+QString moneyText(double dollars)
+{
+    return u'$' + number2Text(dollars);
+}
 
 QString groupedMoneyText(double dollars)
 {
@@ -20,6 +23,12 @@ QString groupedMoneyText(double dollars)
     return sign + groupedNumber2Text(std::abs(dollars));
 }
 
-QString number2Text(double value) { return QString::number(value, 'f', 2); }
+QString number2Text(double value)
+{
+    return QString::number(value, 'f', 2);
+}
 
-QString groupedNumber2Text(double value) { return QLocale().toString(value, 'f', 2); }
+QString groupedNumber2Text(double value)
+{
+    return QLocale().toString(value, 'f', 2);
+}

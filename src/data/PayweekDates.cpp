@@ -71,7 +71,8 @@ bool standsBefore(const PayweekOrder &a, const PayweekOrder &b, Before before)
     return before(a.trimmed, b.trimmed);
 }
 
-template <typename Before> void sortPayweeks(QStringList &payweeks, Before before)
+template <typename Before>
+void sortPayweeks(QStringList &payweeks, Before before)
 {
     std::vector<PayweekOrder> keys;
     keys.reserve(static_cast<std::size_t>(payweeks.size()));
@@ -88,22 +89,19 @@ template <typename Before> void sortPayweeks(QStringList &payweeks, Before befor
 
 QDate parsePayweekDate(const QString &text)
 {
-    return firstDate(text,
-                     {u"MM/dd/yyyy", u"M/d/yyyy", u"MM-dd-yyyy", u"M-d-yyyy", u"yyyy-MM-dd",
-                      u"yyyy/MM/dd"});
+    return firstDate(text, {u"MM/dd/yyyy", u"M/d/yyyy", u"MM-dd-yyyy", u"M-d-yyyy", u"yyyy-MM-dd",
+                            u"yyyy/MM/dd"});
 }
 
 QDate parseTripListDate(const QString &text)
 {
-    return firstDate(text,
-                     {u"MM/dd/yyyy", u"M/d/yyyy", u"yyyy-MM-dd", u"yyyy/MM/dd", u"MM-dd-yyyy",
-                      u"M-d-yyyy"});
+    return firstDate(text, {u"MM/dd/yyyy", u"M/d/yyyy", u"yyyy-MM-dd", u"yyyy/MM/dd", u"MM-dd-yyyy",
+                            u"M-d-yyyy"});
 }
 
 QDate parseViewPayweekDate(const QString &text)
 {
-    return firstDate(text,
-                     {u"MM/dd/yyyy", u"M/d/yyyy", u"M/dd/yyyy", u"MM/d/yyyy", u"yyyy-MM-dd"});
+    return firstDate(text, {u"MM/dd/yyyy", u"M/d/yyyy", u"M/dd/yyyy", u"MM/d/yyyy", u"yyyy-MM-dd"});
 }
 
 QDate parseSettlementDate(const QString &text)
@@ -127,9 +125,15 @@ bool payweekIsEarlier(const QString &a, const QString &b)
     return standsBefore({a}, {b}, std::less<>());
 }
 
-void sortPayweeksNewestFirst(QStringList &payweeks) { sortPayweeks(payweeks, std::greater<>()); }
+void sortPayweeksNewestFirst(QStringList &payweeks)
+{
+    sortPayweeks(payweeks, std::greater<>());
+}
 
-void sortPayweeksOldestFirst(QStringList &payweeks) { sortPayweeks(payweeks, std::less<>()); }
+void sortPayweeksOldestFirst(QStringList &payweeks)
+{
+    sortPayweeks(payweeks, std::less<>());
+}
 
 QDateTime parseAppointmentDateTime(const QString &text)
 {
@@ -142,10 +146,9 @@ QDateTime parseAppointmentDateTime(const QString &text)
     if (appointment.isValid())
         return appointment;
     static constexpr std::array<QStringView, 11> forms = {
-        u"MM/dd/yyyy HH:mm",    u"M/d/yyyy H:mm",      u"MM/dd/yyyy HH:mm:ss",
-        u"M/d/yyyy H:mm:ss",    u"MM/dd/yyyy h:mm AP", u"M/d/yyyy h:mm AP",
-        u"MM/dd/yyyy h:mm ap",  u"M/d/yyyy h:mm ap",   u"yyyy-MM-dd HH:mm",
-        u"yyyy-MM-dd HH:mm:ss", u"yyyy-MM-ddTHH:mm:ss"};
+        u"MM/dd/yyyy HH:mm",   u"M/d/yyyy H:mm",       u"MM/dd/yyyy HH:mm:ss", u"M/d/yyyy H:mm:ss",
+        u"MM/dd/yyyy h:mm AP", u"M/d/yyyy h:mm AP",    u"MM/dd/yyyy h:mm ap",  u"M/d/yyyy h:mm ap",
+        u"yyyy-MM-dd HH:mm",   u"yyyy-MM-dd HH:mm:ss", u"yyyy-MM-ddTHH:mm:ss"};
     for (const QStringView form : forms) {
         appointment = QDateTime::fromString(trimmed, form, QCalendar());
         if (appointment.isValid())

@@ -26,7 +26,7 @@ Iterator firstTimedStop(Iterator from, Iterator to, QLatin1StringView type)
 {
     return std::find_if(from, to, [type](const TripStopTiming &stop) {
         return stop.stopType.trimmed().compare(type, Qt::CaseInsensitive) == 0
-            && start(stop).isValid();
+               && start(stop).isValid();
     });
 }
 
@@ -35,13 +35,12 @@ TripHoursResult hoursBetween(const TripStopTiming &pickup, const TripStopTiming 
 {
     const qint64 shortestSeconds = end(pickup).secsTo(start(delivery));
     const bool noWindow = end(pickup) == start(pickup) && end(delivery) == start(delivery);
-    const qint64 longestSeconds
-        = noWindow ? shortestSeconds : start(pickup).secsTo(end(delivery));
+    const qint64 longestSeconds = noWindow ? shortestSeconds : start(pickup).secsTo(end(delivery));
     if (shortestSeconds < 1 && longestSeconds < 1)
         return {};
     const double longest = static_cast<double>(longestSeconds) / 3600.0;
-    const double shortHours
-        = shortestSeconds < 1 ? 0.0 : static_cast<double>(shortestSeconds) / 3600.0;
+    const double shortHours =
+        shortestSeconds < 1 ? 0.0 : static_cast<double>(shortestSeconds) / 3600.0;
     const double longHours = std::max(longest, shortHours);
 
     TripHoursResult result;
@@ -49,11 +48,14 @@ TripHoursResult hoursBetween(const TripStopTiming &pickup, const TripStopTiming 
     result.maxHours = roundTo(longHours + extraHours, 2);
     result.hours = result.maxHours;
     result.isRange = (pickup.hasWindow || delivery.hasWindow)
-        && std::abs(result.maxHours - result.minHours) >= 0.005;
+                     && std::abs(result.maxHours - result.minHours) >= 0.005;
     return result;
 }
 
-double perHour(double net, double hours) { return hours > 0.0 ? roundTo(net / hours, 2) : 0.0; }
+double perHour(double net, double hours)
+{
+    return hours > 0.0 ? roundTo(net / hours, 2) : 0.0;
+}
 
 } // namespace
 
@@ -107,8 +109,8 @@ QString hoursText(const TripHoursResult &hours)
 QString netPerHourText(const TripHoursResult &hours)
 {
     return hours.isRange
-        ? moneyText(hours.minNetPerHour) + " - "_L1 + moneyText(hours.maxNetPerHour)
-        : moneyText(hours.netPerHour);
+               ? moneyText(hours.minNetPerHour) + " - "_L1 + moneyText(hours.maxNetPerHour)
+               : moneyText(hours.netPerHour);
 }
 
 } // namespace TripArithmetic

@@ -26,11 +26,9 @@ enum TripColumn {
 /// Their headers, without sort arrows.
 inline QStringList tripColumnLabels()
 {
-    const auto tr = [](const char *text) {
-        return QCoreApplication::translate("TripList", text);
-    };
-    return {tr("ID"),         tr("Trip #"),       tr("Payweek"),    tr("Empty"),
-            tr("Loaded"),     tr("Total Miles"),  tr("Linehaul"),   tr("FUSU"),
-            tr("Carrier %"),  tr("Total Revenue"), tr("Total Cost"), tr("Net Revenue"),
-            tr("CPM"),        tr("Trip Hours"),   tr("Net/Hour")};
+    const auto tr = [](const char *text) { return QCoreApplication::translate("TripList", text); };
+    return {tr("ID"),        tr("Trip #"),        tr("Payweek"),    tr("Empty"),
+            tr("Loaded"),    tr("Total Miles"),   tr("Linehaul"),   tr("FUSU"),
+            tr("Carrier %"), tr("Total Revenue"), tr("Total Cost"), tr("Net Revenue"),
+            tr("CPM"),       tr("Trip Hours"),    tr("Net/Hour")};
 }

@@ -11,7 +11,7 @@ namespace {
 QString carrierLines(const QString &carrierPercent, const TripArithmetic::TripTotals &totals)
 {
     const QString lines = u"Carrier %: "_s + carrierPercent + u'\n' + u"Carrier Make: "_s
-        + moneyText(totals.carrierMake) + u'\n';
+                          + moneyText(totals.carrierMake) + u'\n';
     if (totals.netRevenue <= 0.0)
         return lines + u"Carrier earns N/A of driver net\n"_s;
     const double share = roundTo(totals.carrierMake / totals.netRevenue * 100.0, 2);
@@ -56,7 +56,7 @@ QString tripDetailsText(const QStringList &cells, const TripArithmetic::TripTota
         if (column == CarrierPercentColumn)
             continue; // told behind the net, beside what the carrier makes
         text += labels.at(column) + u": "_s + valueText(column, cells.at(column), totals, hours)
-            + u'\n';
+                + u'\n';
         if (column == NetRevenueColumn)
             text += carrierLines(cells.at(CarrierPercentColumn), totals);
     }

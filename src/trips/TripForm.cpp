@@ -64,9 +64,15 @@ void TripForm::setTripId(int id)
     tripIdLabel->setText(id > 0 ? QString::number(id) : tr("(new trip)"));
 }
 
-QString TripForm::text(Field field) const { return fields.at(field)->text(); }
+QString TripForm::text(Field field) const
+{
+    return fields.at(field)->text();
+}
 
-void TripForm::setText(Field field, const QString &text) { fields.at(field)->setText(text); }
+void TripForm::setText(Field field, const QString &text)
+{
+    fields.at(field)->setText(text);
+}
 
 void TripForm::showHours(const TripArithmetic::TripHoursResult &hours)
 {

@@ -58,8 +58,7 @@ TripList::TripList(QWidget *parent)
     setTabKeyNavigation(false);
     verticalHeader()->hide();
     showTrips({});
-    connect(horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
-            &TripList::refreshArrows);
+    connect(horizontalHeader(), &QHeaderView::sortIndicatorChanged, this, &TripList::refreshArrows);
 }
 
 void TripList::showTrips(const QList<QStringList> &rows)
@@ -113,7 +112,10 @@ int TripList::sizeHintForColumn(int column) const
     return itemDelegateForIndex(index)->sizeHint(option, index).width() + 1; // and the grid line
 }
 
-void TripList::refreshArrows() { UiScale::refreshTripListArrows(this, tripColumnLabels()); }
+void TripList::refreshArrows()
+{
+    UiScale::refreshTripListArrows(this, tripColumnLabels());
+}
 
 int TripList::rowOfTrip(int tripId) const
 {

@@ -56,7 +56,10 @@ TripsPage::TripsPage(QWidget *parent)
 }
 
 // The name stays registered for the next open; the file must not stay locked.
-TripsPage::~TripsPage() { tripsDatabase.close(); }
+TripsPage::~TripsPage()
+{
+    tripsDatabase.close();
+}
 
 void TripsPage::buildLayout()
 {
@@ -119,8 +122,7 @@ void TripsPage::connectWidgets()
 {
     connect(payweekFilter, &QComboBox::currentTextChanged, this, &TripsPage::reloadList);
     connect(list, &TripList::cellClicked, this, &TripsPage::clickCell);
-    connect(list, &TripList::itemSelectionChanged, this,
-            [this] { loadTrip(list->currentRow()); });
+    connect(list, &TripList::itemSelectionChanged, this, [this] { loadTrip(list->currentRow()); });
 }
 
 void TripsPage::makeReady(int percent)
@@ -142,8 +144,8 @@ void TripsPage::applyUiScale(int percent)
 
 void TripsPage::autoOpen()
 {
-    const QString path
-        = DatabaseLocator::findDatabaseNearApplication(DatabaseLocator::tripsFileName);
+    const QString path =
+        DatabaseLocator::findDatabaseNearApplication(DatabaseLocator::tripsFileName);
     if (!path.isEmpty())
         openDatabase(path);
 }
@@ -172,9 +174,8 @@ void TripsPage::bringFileUpToDate()
 
 void TripsPage::browseForDatabase()
 {
-    const QString path
-        = QFileDialog::getOpenFileName(this, tr("Open trips.db"), {},
-                                       tr("SQLite Database (*.db);;All Files (*.*)"));
+    const QString path = QFileDialog::getOpenFileName(
+        this, tr("Open trips.db"), {}, tr("SQLite Database (*.db);;All Files (*.*)"));
     if (!path.isEmpty())
         openDatabase(path);
 }
@@ -198,7 +199,8 @@ void TripsPage::reloadPayweekFilter()
     payweekFilter->clear();
     payweekFilter->addItem(tr("All Payweeks"));
     payweekFilter->addItems(payweeks);
-    payweekFilter->setCurrentIndex(std::max(0, payweekFilter->findText(chosen, Qt::MatchFixedString | Qt::MatchCaseSensitive)));
+    payweekFilter->setCurrentIndex(std::max(
+        0, payweekFilter->findText(chosen, Qt::MatchFixedString | Qt::MatchCaseSensitive)));
 }
 
 void TripsPage::reloadList()
@@ -245,12 +247,13 @@ void TripsPage::loadTrip(int row)
     form->setText(TripForm::Fusu, cells.at(FusuColumn));
     form->setText(TripForm::CarrierPercent, cells.at(CarrierPercentColumn));
 
-    const auto number
-        = [&cells](TripColumn column) { return DomainRules::sortNumberFromText(cells.at(column)); };
-    const TripTotals totals = computeTripTotals(
-        number(EmptyMilesColumn), number(LoadedMilesColumn), number(LinehaulColumn),
-        number(FusuColumn), number(CarrierPercentColumn), payItemTotal(tripId),
-        costItemTotal(tripId));
+    const auto number = [&cells](TripColumn column) {
+        return DomainRules::sortNumberFromText(cells.at(column));
+    };
+    const TripTotals totals =
+        computeTripTotals(number(EmptyMilesColumn), number(LoadedMilesColumn),
+                          number(LinehaulColumn), number(FusuColumn), number(CarrierPercentColumn),
+                          payItemTotal(tripId), costItemTotal(tripId));
     const TripHoursResult hours = hoursOfTrip(tripId, totals.netRevenue);
     form->showHours(hours);
     details->setPlainText(tripDetailsText(cells, totals, hours));
@@ -259,8 +262,7 @@ void TripsPage::loadTrip(int row)
 
 void TripsPage::showTripTitle(const QString &tripNo)
 {
-    window()->setWindowTitle(u"Brindlepath Desk - "_s
-                             + (tripNo.isEmpty() ? tr("Trips") : tripNo));
+    window()->setWindowTitle(u"Brindlepath Desk - "_s + (tripNo.isEmpty() ? tr("Trips") : tripNo));
 }
 
 void TripsPage::startNewTrip()
@@ -278,9 +280,9 @@ void TripsPage::saveTrip()
     TripsRepository::TripRecord trip = tripFromForm();
     if (!hasRequiredTexts(trip))
         return;
-    trip.totals = computeTripTotals(trip.emptyMiles, trip.loadedMiles, trip.linehaul, trip.fusu,
-                                    trip.carrierPercent, payItemTotal(trip.id),
-                                    costItemTotal(trip.id));
+    trip.totals =
+        computeTripTotals(trip.emptyMiles, trip.loadedMiles, trip.linehaul, trip.fusu,
+                          trip.carrierPercent, payItemTotal(trip.id), costItemTotal(trip.id));
     trip.hours = hoursOfTrip(trip.id, trip.totals.netRevenue);
     form->showHours(trip.hours);
     if (!writeTrip(trip))
@@ -354,8 +356,7 @@ void TripsPage::deleteTrip()
 
     SqlTransaction transaction(tripsDatabase);
     QString error;
-    if (!transaction.begin(error)
-        || !TripsRepository::deleteTripRows(tripsDatabase, tripId, error)
+    if (!transaction.begin(error) || !TripsRepository::deleteTripRows(tripsDatabase, tripId, error)
         || !transaction.commit(error)) {
         QMessageBox::critical(this, tr("Delete Trip Failed"), error);
         return; // rolls back what was begun
@@ -371,16 +372,15 @@ bool TripsPage::confirmDelete(const QString &tripName)
     const auto ask = [this](const QString &title, const QString &question) {
         return QMessageBox::question(this, title, question, QMessageBox::Yes | QMessageBox::No,
                                      QMessageBox::No)
-            == QMessageBox::Yes;
+               == QMessageBox::Yes;
     };
     return ask(tr("Confirm Delete Trip"),
                tr("Delete %1?\n\nThis will also delete related stops, pay items, cost items, "
                   "fuel/detail rows, and trailers.\n\nContinue?")
                    .arg(tripName))
-        && ask(tr("Final Delete Confirmation"),
-               tr("Final check:\n\nDelete %1 permanently?\n\n"
-                  "This cannot be undone from inside the app.")
-                   .arg(tripName));
+           && ask(tr("Final Delete Confirmation"), tr("Final check:\n\nDelete %1 permanently?\n\n"
+                                                      "This cannot be undone from inside the app.")
+                                                       .arg(tripName));
 }
 
 void TripsPage::openTripById(int tripId)

@@ -100,8 +100,7 @@ bool isItemTable(const QString &table)
     return table == "trip_pay_items"_L1 || table == "trip_cost_items"_L1;
 }
 
-bool readTexts(const QSqlDatabase &database, const QString &sql, QStringList &texts,
-               QString &error)
+bool readTexts(const QSqlDatabase &database, const QString &sql, QStringList &texts, QString &error)
 {
     return SqlStatement(database, sql).forEachRow({}, error, [&texts](const SqlStatement &row) {
         const QString text = row.text(0).trimmed();
@@ -175,7 +174,7 @@ bool ensureStopWindowColumns(const QSqlDatabase &database, QString &error)
     const QString stops = u"trip_stops"_s;
     return ensureColumn(database, stops, u"has_appointment_window"_s,
                         u"INTEGER NOT NULL DEFAULT 0"_s, error)
-        && ensureColumn(database, stops, u"appt_latest"_s, u"TEXT NOT NULL DEFAULT ''"_s, error);
+           && ensureColumn(database, stops, u"appt_latest"_s, u"TEXT NOT NULL DEFAULT ''"_s, error);
 }
 
 bool listTripPayweeks(const QSqlDatabase &database, QStringList &payweeks, QString &error)
@@ -184,9 +183,8 @@ bool listTripPayweeks(const QSqlDatabase &database, QStringList &payweeks, QStri
     return isOpen(database, error) && readTexts(database, selectPayweeks, payweeks, error);
 }
 
-bool loadTrips(const QSqlDatabase &database, const QString &payweekFilter,
-               QList<QStringList> &rows, QString &error,
-               const std::function<void(QStringList &row)> &complete)
+bool loadTrips(const QSqlDatabase &database, const QString &payweekFilter, QList<QStringList> &rows,
+               QString &error, const std::function<void(QStringList &row)> &complete)
 {
     rows.clear();
     if (!isOpen(database, error))

@@ -51,9 +51,8 @@ bool listTripPayweeks(const QSqlDatabase &database, QStringList &payweeks, QStri
 /// A row has the texts of the TripColumn columns as stored. Each row is passed to `complete`, if
 /// there is one, while the trips are still being read: statements that it runs then find the file
 /// locked already, which spares SQLite half of its work.
-bool loadTrips(const QSqlDatabase &database, const QString &payweekFilter,
-               QList<QStringList> &rows, QString &error,
-               const std::function<void(QStringList &row)> &complete = {});
+bool loadTrips(const QSqlDatabase &database, const QString &payweekFilter, QList<QStringList> &rows,
+               QString &error, const std::function<void(QStringList &row)> &complete = {});
 
 /// Every name ever used in `trip_pay_items` or `trip_cost_items`; another table is refused.
 bool listItemNames(const QSqlDatabase &database, const QString &table, QStringList &names,

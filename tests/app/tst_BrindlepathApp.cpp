@@ -1,5 +1,4 @@
 #include "app/BrindlepathApp.h"
-
 #include "support/DialogRobot.h"
 #include "support/Person.h"
 #include "support/RowMakers.h"
@@ -54,7 +53,8 @@ private Q_SLOTS:
     void helpMenuShowsTheAboutDialog();
 
 private:
-    template <typename Widget> static Widget *named(const BrindlepathApp &window, const char *name)
+    template <typename Widget>
+    static Widget *named(const BrindlepathApp &window, const char *name)
     {
         return window.findChild<Widget *>(QLatin1StringView(name));
     }
@@ -65,9 +65,15 @@ private:
     QFont fontBefore;
 };
 
-void tst_BrindlepathApp::init() { fontBefore = QApplication::font(); }
+void tst_BrindlepathApp::init()
+{
+    fontBefore = QApplication::font();
+}
 
-void tst_BrindlepathApp::cleanup() { QApplication::setFont(fontBefore); }
+void tst_BrindlepathApp::cleanup()
+{
+    QApplication::setFont(fontBefore);
+}
 
 void tst_BrindlepathApp::goTo(const BrindlepathApp &window, const QString &page)
 {

@@ -112,8 +112,8 @@ void tst_SourceRules::nobodyIncludesTheWindow()
 
 void tst_SourceRules::everyFolderHasItsRow()
 {
-    const QStringList folders
-        = QDir(QStringLiteral(SOURCE_DIR)).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    const QStringList folders =
+        QDir(QStringLiteral(SOURCE_DIR)).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     QVERIFY(folders.contains(u"trips"_s));
     for (const QString &folder : folders)
         QVERIFY2(mayKnow.contains(folder), qPrintable(folder));

@@ -1,5 +1,4 @@
 #include "app/BrindlepathApp.h"
-
 #include "support/DialogRobot.h"
 #include "support/Person.h"
 #include "support/RowMakers.h"

@@ -1,5 +1,4 @@
 #include "app/BrindlepathApp.h"
-
 #include "support/DialogRobot.h"
 #include "support/Person.h"
 #include "support/RowMakers.h"
@@ -73,10 +72,9 @@ void tst_TripToPayweek::enteredTripIsStoredToTheCent()
     QCOMPARE(workspace.rows(u"SELECT trip_no, payweek, empty_miles, loaded_miles, total_miles, "
                             "linehaul, fusu, carrier_pct, carrier_make, total_revenue, total_cost, "
                             "net_revenue, cpm, trip_hours, net_per_hour FROM trips"_s),
-             QList<QStringList>({{u"4471203"_s, u"04/18/2026"_s, u"100"_s, u"1234.5"_s,
-                                  u"1334.5"_s, u"2345.67"_s, u"210.4"_s, u"25"_s, u"586.42"_s,
-                                  u"2556.07"_s, u"0"_s, u"2556.07"_s, u"191.54"_s, u"0"_s,
-                                  u"0"_s}}));
+             QList<QStringList>({{u"4471203"_s, u"04/18/2026"_s, u"100"_s, u"1234.5"_s, u"1334.5"_s,
+                                  u"2345.67"_s, u"210.4"_s, u"25"_s, u"586.42"_s, u"2556.07"_s,
+                                  u"0"_s, u"2556.07"_s, u"191.54"_s, u"0"_s, u"0"_s}}));
     QVERIFY(!workspace.value(u"SELECT created_at FROM trips"_s).toString().isEmpty());
 }
 

@@ -41,15 +41,27 @@ QString worded(DialogRobot::Kind kind, const QString &title, const QString &text
     return u"%1 \"%2\": \"%3\""_s.arg(QLatin1StringView(name), title, text);
 }
 
-void fail(const QString &message) { QTest::qFail(qPrintable(message), __FILE__, __LINE__); }
+void fail(const QString &message)
+{
+    QTest::qFail(qPrintable(message), __FILE__, __LINE__);
+}
 
 } // namespace
 
-void DialogRobot::Expectation::press(const QString &button) { robot->steps.last().button = button; }
+void DialogRobot::Expectation::press(const QString &button)
+{
+    robot->steps.last().button = button;
+}
 
-void DialogRobot::Expectation::choose(const QString &path) { robot->steps.last().path = path; }
+void DialogRobot::Expectation::choose(const QString &path)
+{
+    robot->steps.last().path = path;
+}
 
-void DialogRobot::Expectation::dismiss() { robot->steps.last().dismissed = true; }
+void DialogRobot::Expectation::dismiss()
+{
+    robot->steps.last().dismissed = true;
+}
 
 DialogRobot::DialogRobot()
 {
@@ -112,7 +124,7 @@ void DialogRobot::answer(const QPointer<QDialog> &dialog)
         QString message = u"Unexpected dialog: "_s + worded(now.kind, now.title, now.text);
         if (!steps.isEmpty())
             message += u"\n   expected: "_s
-                + worded(steps.first().kind, steps.first().title, steps.first().text);
+                       + worded(steps.first().kind, steps.first().title, steps.first().text);
         fail(message);
         dialog->reject();
         return;
@@ -139,7 +151,7 @@ DialogRobot::Seen DialogRobot::described(const QDialog *dialog)
 bool DialogRobot::matches(const Step &step, const Seen &seen)
 {
     return step.kind == seen.kind && step.title == seen.title
-        && (step.wholeText ? step.text == seen.text : seen.text.contains(step.text));
+           && (step.wholeText ? step.text == seen.text : seen.text.contains(step.text));
 }
 
 void DialogRobot::carryOut(const Step &step, QDialog *dialog)

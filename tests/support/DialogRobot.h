@@ -12,7 +12,8 @@ class QDialog;
 /// dialog's own event loop. A dialog that no one expected fails the test at once with its title
 /// and text and is dismissed; an expected one that never came fails it when the robot goes.
 ///
-///     robot.expect(DialogRobot::Warning, u"No Database"_s, u"Open trips.db first."_s).press(u"OK"_s);
+///     robot.expect(DialogRobot::Warning, u"No Database"_s, u"Open trips.db
+///     first."_s).press(u"OK"_s);
 class DialogRobot : public QObject
 {
     Q_OBJECT

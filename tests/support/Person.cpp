@@ -11,7 +11,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void fail(const QString &message) { QTest::qFail(qPrintable(message), __FILE__, __LINE__); }
+void fail(const QString &message)
+{
+    QTest::qFail(qPrintable(message), __FILE__, __LINE__);
+}
 
 } // namespace
 

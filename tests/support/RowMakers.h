@@ -11,7 +11,8 @@
 ///
 /// Values are stored as they are given, so that blanks, NULLs and text in number columns can be
 /// made too: set("linehaul", QVariant()).
-template <typename Maker> class RowMaker
+template <typename Maker>
+class RowMaker
 {
 public:
     /// Any column by name.
@@ -25,8 +26,8 @@ public:
     qint64 insert(const Workspace &workspace) const
     {
         const QStringList columns = values.keys();
-        const QString marks = QStringList(columns.size(), QStringLiteral("?"))
-                                  .join(QStringLiteral(", "));
+        const QString marks =
+            QStringList(columns.size(), QStringLiteral("?")).join(QStringLiteral(", "));
         return workspace.insert(QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
                                     .arg(table, columns.join(QStringLiteral(", ")), marks),
                                 values.values());
@@ -94,8 +95,14 @@ public:
     AprMaker(const QString &payweek, double apr);
 };
 
-inline TripMaker trip() { return {}; }
-inline StopMaker stop(qint64 tripId) { return StopMaker(tripId); }
+inline TripMaker trip()
+{
+    return {};
+}
+inline StopMaker stop(qint64 tripId)
+{
+    return StopMaker(tripId);
+}
 inline TripItemMaker payItem(qint64 tripId, const QString &name, double amount)
 {
     return {QStringLiteral("trip_pay_items"), tripId, name, amount};
@@ -117,4 +124,7 @@ inline SettlementItemMaker revenue(const QString &payweek, const QString &name, 
 {
     return {payweek, QStringLiteral("revenue"), name, amount};
 }
-inline AprMaker apr(const QString &payweek, double percent) { return {payweek, percent}; }
+inline AprMaker apr(const QString &payweek, double percent)
+{
+    return {payweek, percent};
+}

@@ -15,7 +15,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Opened for one call only: a connection that stays open would count as the trips file in use.
-template <typename Work> void onTrips(const QString &path, Work work)
+template <typename Work>
+void onTrips(const QString &path, Work work)
 {
     const QString name = u"workspace"_s;
     QSqlDatabase database;
@@ -37,11 +38,20 @@ Workspace::Workspace()
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, path(u"settings"_s));
 }
 
-Workspace::~Workspace() { QDir::setCurrent(previousFolder); }
+Workspace::~Workspace()
+{
+    QDir::setCurrent(previousFolder);
+}
 
-QString Workspace::path(const QString &fileName) const { return folder.filePath(fileName); }
+QString Workspace::path(const QString &fileName) const
+{
+    return folder.filePath(fileName);
+}
 
-QString Workspace::makeTrips(const QString &fileName) { return made(u"trips.sql"_s, fileName); }
+QString Workspace::makeTrips(const QString &fileName)
+{
+    return made(u"trips.sql"_s, fileName);
+}
 
 QString Workspace::makeLocations(const QString &fileName)
 {
@@ -109,13 +119,12 @@ QVariant Workspace::value(const QString &sql, const QVariantList &values) const
 QList<QStringList> Workspace::rows(const QString &sql, const QVariantList &values) const
 {
     QList<QStringList> result;
-    onTrips(path(DatabaseLocator::tripsFileName),
-            [&](const QSqlDatabase &database, QString &error) {
-                SqlStatement(database, sql)
-                    .forEachRow(values, error, [&result](const SqlStatement &row) {
-                        result.append(row.texts());
-                    });
-            });
+    onTrips(path(DatabaseLocator::tripsFileName), [&](const QSqlDatabase &database,
+                                                      QString &error) {
+        SqlStatement(database, sql).forEachRow(values, error, [&result](const SqlStatement &row) {
+            result.append(row.texts());
+        });
+    });
     return result;
 }
 
