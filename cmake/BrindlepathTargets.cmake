@@ -36,9 +36,6 @@ set(widgets_qt ${core_qt} Qt6::Widgets)
 set(widgets_headers ${core_headers} <QtWidgets/QtWidgets>)
 brindlepath_shared_headers(core_pch QT ${core_qt} HEADERS ${core_headers})
 brindlepath_shared_headers(widgets_pch QT ${widgets_qt} HEADERS ${widgets_headers})
-if(BRINDLEPATH_TESTS)
-  find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
-endif()
 
 # brindlepath_library(name SOURCES ... KNOWS ... [WIDGETS])
 #

@@ -91,6 +91,12 @@ QStringList collectedHeaders(const QTableWidget *table)
     return labels;
 }
 
+Qt::SortOrder chosenOrder(const QTableWidget *table)
+{
+    return table->property(sortAscendingProperty).toBool() ? Qt::AscendingOrder
+                                                           : Qt::DescendingOrder;
+}
+
 void sortByClickedColumn(QTableWidget *table, int column)
 {
     const bool wasAscendingHere = table->property(hasSortColumnProperty).toBool()
@@ -99,7 +105,7 @@ void sortByClickedColumn(QTableWidget *table, int column)
     table->setProperty(sortColumnProperty, column);
     table->setProperty(hasSortColumnProperty, true);
     table->setProperty(sortAscendingProperty, !wasAscendingHere);
-    table->sortItems(column, wasAscendingHere ? Qt::DescendingOrder : Qt::AscendingOrder);
+    sortAsChosen(table);
     refreshSortArrows(table);
 }
 
@@ -195,6 +201,12 @@ void setSortableHeaders(QTableWidget *table, const QStringList &labels)
     refreshSortArrows(table);
 }
 
+void sortAsChosen(QTableWidget *table)
+{
+    if (table->property(hasSortColumnProperty).toBool())
+        table->sortItems(table->property(sortColumnProperty).toInt(), chosenOrder(table));
+}
+
 void refreshSortArrows(QTableWidget *table)
 {
     QStringList labels = table->property(baseHeadersProperty).toStringList();
@@ -203,9 +215,8 @@ void refreshSortArrows(QTableWidget *table)
         table->setProperty(baseHeadersProperty, labels);
     }
     const bool sorted = table->property(hasSortColumnProperty).toBool();
-    const bool ascending = table->property(sortAscendingProperty).toBool();
     writeArrows(table, labels, sorted ? table->property(sortColumnProperty).toInt() : -1,
-                ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+                chosenOrder(table));
 }
 
 void refreshTripListArrows(QTableWidget *table, const QStringList &labels)

@@ -45,6 +45,10 @@ void applyColumnWidths(QTableWidget *table, const QList<int> &baseWidths, int pe
 /// second click descending. The table's own sorting is turned off, so that refilling it is cheap.
 void setSortableHeaders(QTableWidget *table, const QStringList &labels);
 
+/// Sorts by the column whose header was clicked last, if any: after a refill the rows must stand as
+/// the arrows say.
+void sortAsChosen(QTableWidget *table);
+
 /// Writes the arrows of the sort chosen so far behind the header labels.
 void refreshSortArrows(QTableWidget *table);
 

@@ -1,0 +1,283 @@
+#include "settlements/ViewPayweekPage.h"
+
+#include "app/WheelGuard.h"
+#include "data/DatabaseLocator.h"
+#include "data/DomainRules.h"
+#include "settlements/CarryoverRules.h"
+#include "settlements/PayweekRepository.h"
+#include "settlements/PayweekTables.h"
+
+#include <QBoxLayout>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSignalBlocker>
+#include <QTableWidget>
+#include <QTextEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString connectionName = u"view_payweek_trips_connection"_s;
+constexpr int titleGrowth = 4;
+
+QLabel *titleLabel(const QString &text, QWidget *parent)
+{
+    auto *label = new QLabel(text, parent);
+    QFont font = label->font();
+    font.setBold(true);
+    font.setPointSize(font.pointSize() + titleGrowth);
+    label->setFont(font);
+    return label;
+}
+
+QLabel *captionOf(QWidget *widget, const QString &text)
+{
+    auto *label = new QLabel(text, widget->parentWidget());
+    label->setBuddy(widget);
+    return label;
+}
+
+} // namespace
+
+ViewPayweekPage::ViewPayweekPage(QWidget *parent)
+    : QWidget(parent)
+    , payweekBox(new QComboBox(this))
+    , note(new QLabel(tr("Open trips.db and choose a payweek."), this))
+    , summary(new QTextEdit(this))
+    , tripTable(
+          PayweekTables::makeTable(u"payweekTrips"_s, tr("Trips in Selected Payweek"), 260, this))
+    , itemTable(
+          PayweekTables::makeTable(u"payweekItems"_s, tr("Non-Trip Settlement Items"), 220, this))
+{
+    setObjectName(u"viewPayweekPage"_s);
+    buildLayout();
+    connectWidgets();
+}
+
+ViewPayweekPage::~ViewPayweekPage()
+{
+    DatabaseLocator::releaseNamedConnection(database, connectionName);
+}
+
+void ViewPayweekPage::buildLayout()
+{
+    note->setObjectName(u"payweekNote"_s);
+    note->setWordWrap(true);
+    summary->setObjectName(u"payweekSummary"_s);
+    summary->setAccessibleName(tr("Payweek summary"));
+    summary->setReadOnly(true);
+    summary->setTabChangesFocus(true);
+    summary->setMinimumHeight(170);
+
+    auto *inner = new QWidget(this);
+    auto *sections = new QVBoxLayout(inner);
+    sections->setContentsMargins(12, 12, 12, 12);
+    sections->setSpacing(10);
+    sections->addWidget(titleLabel(tr("View Payweek"), this));
+    sections->addLayout(buildActions());
+    sections->addWidget(note);
+    sections->addWidget(summary);
+    sections->addWidget(captionOf(tripTable, tr("Trips in Selected Payweek")));
+    sections->addWidget(tripTable);
+    sections->addWidget(captionOf(itemTable, tr("Non-Trip Settlement Items")));
+    sections->addWidget(itemTable);
+    sections->addStretch();
+
+    auto *scrolled = new QScrollArea(this);
+    scrolled->setWidgetResizable(true);
+    scrolled->setFrameShape(QFrame::NoFrame);
+    scrolled->setWidget(inner);
+    auto *outer = new QVBoxLayout(this);
+    outer->setContentsMargins(0, 0, 0, 0);
+    outer->addWidget(scrolled);
+}
+
+QHBoxLayout *ViewPayweekPage::buildActions()
+{
+    auto *open = new QPushButton(tr("Open trips.db"), this);
+    open->setObjectName(u"openPayweekTripsButton"_s);
+    connect(open, &QPushButton::clicked, this, &ViewPayweekPage::browseForDatabase);
+    auto *refreshButton = new QPushButton(tr("Refresh"), this);
+    refreshButton->setObjectName(u"refreshPayweekButton"_s);
+    connect(refreshButton, &QPushButton::clicked, this, &ViewPayweekPage::refresh);
+    payweekBox->setObjectName(u"payweekBox"_s);
+    payweekBox->setMinimumWidth(160);
+    guardFromWheel(payweekBox);
+
+    auto *row = new QHBoxLayout;
+    row->addWidget(open);
+    row->addWidget(captionOf(payweekBox, tr("Payweek:")));
+    row->addWidget(payweekBox);
+    row->addWidget(refreshButton);
+    row->addStretch();
+    return row;
+}
+
+void ViewPayweekPage::connectWidgets()
+{
+    connect(payweekBox, &QComboBox::currentTextChanged, this, &ViewPayweekPage::loadSummary);
+    connect(tripTable, &QTableWidget::cellClicked, this, &ViewPayweekPage::openTrip);
+}
+
+void ViewPayweekPage::openDatabase(const QString &path)
+{
+    QString error;
+    if (!DatabaseLocator::openNamedConnection(database, connectionName, path, error)) {
+        QMessageBox::critical(this, tr("Database Error"), error);
+        return;
+    }
+    report(tr("Opened View Payweek DB: %1").arg(path));
+    note->setText(tr("Opened: %1").arg(path));
+    refresh();
+}
+
+void ViewPayweekPage::browseForDatabase()
+{
+    const QString path = QFileDialog::getOpenFileName(
+        this, tr("Open trips.db"), {}, tr("SQLite Database (*.db);;All Files (*.*)"));
+    if (!path.isEmpty())
+        openDatabase(path);
+}
+
+void ViewPayweekPage::refresh()
+{
+    reloadPayweeks();
+    loadSummary();
+}
+
+void ViewPayweekPage::reloadPayweeks()
+{
+    if (!database.isOpen())
+        return;
+    QStringList payweeks;
+    QString error;
+    if (!PayweekRepository::listPayweeks(database, payweeks, error)) {
+        QMessageBox::critical(this, tr("Payweek Load Error"), error);
+        return;
+    }
+    const int selected = static_cast<int>(payweeks.indexOf(currentPayweek()));
+    const QSignalBlocker blocker(payweekBox);
+    payweekBox->clear();
+    payweekBox->addItems(payweeks);
+    if (!payweeks.isEmpty())
+        payweekBox->setCurrentIndex(std::max(0, selected));
+    report(tr("Loaded %1 payweeks for View Payweek").arg(payweeks.size()));
+}
+
+QString ViewPayweekPage::currentPayweek() const
+{
+    return payweekBox->currentText().trimmed();
+}
+
+void ViewPayweekPage::showPayweek(const QString &payweek)
+{
+    const QString wanted = payweek.trimmed();
+    if (wanted.isEmpty())
+        return;
+    if (payweekBox->count() == 0)
+        reloadPayweeks();
+    const int index = indexOfPayweek(wanted);
+    if (index < 0) {
+        report(tr("Payweek not found in View Payweek selector: %1").arg(wanted));
+        return;
+    }
+    {
+        const QSignalBlocker blocker(payweekBox);
+        payweekBox->setCurrentIndex(index);
+    }
+    loadSummary();
+    report(tr("Opened View Payweek for %1").arg(currentPayweek()));
+}
+
+int ViewPayweekPage::indexOfPayweek(const QString &payweek) const
+{
+    const int index = payweekBox->findText(payweek, Qt::MatchFixedString);
+    const QDate date = DomainRules::parseViewPayweekDate(payweek);
+    if (index >= 0 || !date.isValid())
+        return index;
+    for (int i = 0; i < payweekBox->count(); ++i) {
+        if (DomainRules::parseViewPayweekDate(payweekBox->itemText(i)) == date)
+            return i;
+    }
+    return -1;
+}
+
+void ViewPayweekPage::loadSummary()
+{
+    clearSummary();
+    const QString payweek = database.isOpen() ? currentPayweek() : QString();
+    if (payweekChangedCallback)
+        payweekChangedCallback(payweek);
+    if (payweek.isEmpty()) {
+        summary->setPlainText(database.isOpen() ? tr("No payweek selected.")
+                                                : tr("Open trips.db first."));
+        return;
+    }
+    PayweekFigures figures;
+    figures.payweek = payweek;
+    QList<QStringList> trips;
+    QList<QStringList> items;
+    if (!readPayweek(figures, trips, items))
+        return;
+    PayweekTables::showTrips(tripTable, trips);
+    PayweekTables::showItems(itemTable, items);
+    summary->setPlainText(payweekReport(figures));
+    report(tr("Loaded View Payweek summary for %1").arg(payweek));
+}
+
+void ViewPayweekPage::clearSummary()
+{
+    PayweekTables::clear(tripTable);
+    PayweekTables::clear(itemTable);
+    summary->clear();
+}
+
+bool ViewPayweekPage::readPayweek(PayweekFigures &figures, QList<QStringList> &trips,
+                                  QList<QStringList> &items)
+{
+    using namespace PayweekRepository;
+    QString error;
+    const auto failed = [this, &error](const QString &title) {
+        QMessageBox::critical(this, title, error);
+        return false;
+    };
+    if (!loadPayweekTrips(database, figures.payweek, trips, figures.trips, error))
+        return failed(tr("Trip Query Error"));
+    if (!loadPayweekSettlementItems(database, figures.payweek, items, figures.items, error))
+        return failed(tr("Settlement Query Error"));
+    if (!loadEmergencyFundSummary(database, figures.payweek, figures.emergencyFund, error))
+        return failed(tr("E-Fund Query Error"));
+    if (!loadTireFundSummary(database, figures.payweek, figures.tireFund, error))
+        return failed(tr("Tire Fund Query Error"));
+    if (!loadPerformanceBondSummary(database, figures.payweek, figures.performanceBond, error))
+        return failed(tr("Performance Bond Query Error"));
+    if (!loadPayweekFuelAnalytics(database, figures.payweek, figures.fuel, error))
+        return failed(tr("Fuel Analytics Query Error"));
+    figures.basic = CarryoverRules::basicSummary(figures.trips, figures.items);
+    if (!loadPayweekCarryover(database, figures.payweek, figures.basic, figures.emergencyFund,
+                              figures.performanceBond, figures.carryover, error))
+        return failed(tr("Carryover / Interest Query Error"));
+    return true;
+}
+
+void ViewPayweekPage::openTrip(int row, int column)
+{
+    const QTableWidgetItem *item = tripTable->item(row, column);
+    if (column != PayweekTables::TripNoColumn || !item)
+        return;
+    const int tripId = item->data(PayweekTables::tripIdRole).toInt();
+    const QString tripNo = item->text().trimmed();
+    if ((tripId >= 1 || !tripNo.isEmpty()) && openTripCallback)
+        openTripCallback(tripId, tripNo);
+}
+
+void ViewPayweekPage::report(const QString &text) const
+{
+    if (statusCallback)
+        statusCallback(text);
+}
