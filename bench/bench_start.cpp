@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QProcess>
 #include <QTableWidget>
+#include <QTest>
 #include <QTextStream>
 
 #include <sys/resource.h>
@@ -39,6 +40,8 @@ int showAndTell(QWidget &window)
 {
     window.resize(1280, 800);
     window.show();
+    if (!QTest::qWaitForWindowExposed(&window))
+        return 1;
     QApplication::processEvents();
     QTextStream(stdout) << peakMegabytes() << Qt::endl;
     return 0;

@@ -3,6 +3,7 @@
 // whether every page had something to show.
 
 #include "app/BrindlepathApp.h"
+#include "app/UiScale.h"
 
 #include <QApplication>
 #include <QDir>
@@ -82,7 +83,7 @@ private:
 
     void picture(const QString &name)
     {
-        QApplication::processEvents();
+        QTest::qWait(100); // until the layouts have settled
         const QString path = QDir(folder).filePath(name);
         require(window.grab().save(path), u"Could not write "_s + path);
     }
@@ -135,6 +136,9 @@ private:
 int main(int argc, char *argv[])
 {
     const QApplication application(argc, argv);
+    QFont font = QApplication::font();
+    font.setPointSize(UiScale::applicationPointSize(UiScale::savedUiScalePercent()));
+    QApplication::setFont(font);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() != 2 || !QDir().mkpath(arguments.at(1))) {
         QTextStream(stderr) << "usage: tour FOLDER-FOR-PICTURES" << Qt::endl;

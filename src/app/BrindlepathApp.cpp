@@ -123,7 +123,9 @@ void BrindlepathApp::buildStatusLine()
 {
     statusLabel = new QLabel(tr("Ready"), this);
     statusLabel->setObjectName(u"statusLabel"_s);
-    statusBar()->addWidget(statusLabel, 1);
+    statusLabel->setIndent(6);
+    // Permanent, so that the label shows the text and not the label and the bar over each other.
+    statusBar()->addPermanentWidget(statusLabel, 1);
 }
 
 void BrindlepathApp::setStatusText(const QString &text)

@@ -19,17 +19,15 @@ constexpr int titleGrowth = 8;
 constexpr int welcomeGrowth = 3;
 constexpr int captionWidth = 130;
 
-QFont grownBold(QFont font, int points)
-{
-    font.setBold(true);
-    font.setPointSize(font.pointSize() + points);
-    return font;
-}
-
+// Without growth the label takes its size from the page, and follows a change of the scale.
 QLabel *boldLabel(const QString &text, int growth, QWidget *parent)
 {
     auto *label = new QLabel(text, parent);
-    label->setFont(grownBold(label->font(), growth));
+    QFont font = label->font();
+    font.setBold(true);
+    if (growth > 0)
+        font.setPointSize(font.pointSize() + growth);
+    label->setFont(font);
     return label;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -22,13 +23,21 @@ int numberAt(QStringView text, qsizetype from, qsizetype count)
     return value;
 }
 
+// To QDate the year -1, which numberAt() gives for no number, is the one before the year 1.
+QDate dateAt(QStringView text, qsizetype year, qsizetype month, qsizetype day)
+{
+    const int yearNumber = numberAt(text, year, 4);
+    return yearNumber > 0 ? QDate(yearNumber, numberAt(text, month, 2), numberAt(text, day, 2))
+                          : QDate();
+}
+
 // Nearly every payweek is written MM/DD/YYYY, the first form of every list. Reading it by place
 // takes a hundredth of the time of QDate::fromString(), and a trip list reads thousands.
 QDate fullSlashedDate(QStringView text)
 {
     if (text.size() != 10 || text.at(2) != u'/' || text.at(5) != u'/')
         return {};
-    return {numberAt(text, 6, 4), numberAt(text, 0, 2), numberAt(text, 3, 2)};
+    return dateAt(text, 6, 0, 3);
 }
 
 // The form in which stops are stored, YYYY-MM-DDTHH:MM:SS, read by place for the same reason.
@@ -37,7 +46,7 @@ QDateTime storedAppointment(QStringView text)
     if (text.size() != 19 || text.at(4) != u'-' || text.at(7) != u'-' || text.at(10) != u'T'
         || text.at(13) != u':' || text.at(16) != u':')
         return {};
-    const QDate date(numberAt(text, 0, 4), numberAt(text, 5, 2), numberAt(text, 8, 2));
+    const QDate date = dateAt(text, 0, 5, 8);
     const QTime time(numberAt(text, 11, 2), numberAt(text, 14, 2), numberAt(text, 17, 2));
     return date.isValid() && time.isValid() ? QDateTime(date, time) : QDateTime();
 }

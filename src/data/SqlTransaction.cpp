@@ -2,6 +2,8 @@
 
 #include <QSqlError>
 
+using namespace Qt::StringLiterals;
+
 SqlTransaction::SqlTransaction(const QSqlDatabase &openDatabase)
     : database(openDatabase)
 {
@@ -16,6 +18,10 @@ SqlTransaction::~SqlTransaction()
 bool SqlTransaction::begin(QString &error)
 {
     error.clear();
+    if (!database.isOpen()) { // of which the driver says nothing
+        error = u"The database is not open."_s;
+        return false;
+    }
     pending = database.transaction();
     if (!pending)
         error = database.lastError().text();

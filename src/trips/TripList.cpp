@@ -9,11 +9,11 @@
 #include <QHeaderView>
 #include <QSignalBlocker>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int leastHeight = 110;
 
 bool isMoney(int column)
 {
@@ -43,6 +43,31 @@ TripsTableItem *cell(int column, const QString &raw)
     const double number = DomainRules::sortNumberFromText(raw);
     return new TripsTableItem(shownText(column, raw, number), raw, number);
 }
+
+/// How wide a text is by its letters, each of which is measured only once.
+class LetterWidths
+{
+public:
+    explicit LetterWidths(const QFontMetrics &fontMetrics)
+        : metrics(fontMetrics)
+    {
+        for (std::size_t letter = 0; letter < plain.size(); ++letter)
+            plain[letter] = metrics.horizontalAdvance(QChar(static_cast<char16_t>(letter)));
+    }
+
+    [[nodiscard]] int of(const QString &text) const
+    {
+        int width = 0;
+        for (const QChar letter : text)
+            width += letter.unicode() < plain.size() ? plain[letter.unicode()]
+                                                     : metrics.horizontalAdvance(letter);
+        return width;
+    }
+
+private:
+    QFontMetrics metrics;
+    std::array<int, 128> plain = {};
+};
 
 } // namespace
 
@@ -95,20 +120,21 @@ void TripList::fill(const QList<QStringList> &rows)
 
 int TripList::sizeHintForColumn(int column) const
 {
-    int longest = -1;
-    qsizetype length = -1;
+    const LetterWidths letterWidths(fontMetrics());
+    int widest = -1;
+    int width = -1;
     for (int row = 0; row < rowCount(); ++row) {
-        const qsizetype rowLength = item(row, column)->text().size();
-        if (rowLength > length) {
-            length = rowLength;
-            longest = row;
+        const int rowWidth = letterWidths.of(item(row, column)->text());
+        if (rowWidth > width) {
+            width = rowWidth;
+            widest = row;
         }
     }
-    if (longest < 0)
+    if (widest < 0)
         return -1; // no rows: the header alone decides
     QStyleOptionViewItem option;
     initViewItemOption(&option);
-    const QModelIndex index = model()->index(longest, column);
+    const QModelIndex index = model()->index(widest, column);
     return itemDelegateForIndex(index)->sizeHint(option, index).width() + 1; // and the grid line
 }
 

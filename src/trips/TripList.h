@@ -11,6 +11,9 @@ class TripList : public QTableWidget
     Q_OBJECT
 
 public:
+    /// Pixels at 100 percent and below.
+    static constexpr int leastHeight = 110;
+
     explicit TripList(QWidget *parent = nullptr);
 
     /// Replaces all rows; a row has the raw texts of the TripColumn columns.
@@ -26,8 +29,8 @@ public:
     [[nodiscard]] QString payweekOfRow(int row) const;
 
 protected:
-    /// Measures the longest text of the column alone. Qt would lay out the first thousand cells,
-    /// which takes longer than all else in a refill, and miss a longer one behind them.
+    /// Measures the widest text of the column alone. Qt would lay out the first thousand cells,
+    /// which takes longer than all else in a refill, and miss a wider one behind them.
     [[nodiscard]] int sizeHintForColumn(int column) const override;
 
 private:

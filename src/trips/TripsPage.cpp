@@ -19,6 +19,8 @@
 #include <QScrollArea>
 #include <QSignalBlocker>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 using namespace TripArithmetic;
 
@@ -28,6 +30,7 @@ const QString connectionName = u"trips_connection"_s;
 constexpr int basePointSize = 10;
 constexpr int headingGrowth = 4;
 constexpr int gapBetweenActions = 12;
+constexpr int leastFilterWidth = 150;
 
 // The stored hours are those of the last save; the stops may have changed since.
 void putHours(QStringList &row, TripsRepository::StopTimings &stops)
@@ -45,10 +48,6 @@ void putHours(QStringList &row, TripsRepository::StopTimings &stops)
 
 TripsPage::TripsPage(QWidget *parent)
     : QWidget(parent)
-    , payweekFilter(new QComboBox(this))
-    , list(new TripList(this))
-    , form(new TripForm(this))
-    , details(new DetailsPane(this))
 {
     setObjectName(u"tripsPage"_s);
     buildLayout();
@@ -61,6 +60,7 @@ TripsPage::~TripsPage()
     tripsDatabase.close();
 }
 
+// Tab goes through the parts of the page in the order in which they are made: from top to bottom.
 void TripsPage::buildLayout()
 {
     auto *heading = new QLabel(tr("Trips"), this);
@@ -75,8 +75,11 @@ void TripsPage::buildLayout()
     sections->setSpacing(8);
     sections->addWidget(heading);
     sections->addLayout(buildActions());
+    list = new TripList(inner);
     sections->addWidget(list, 2);
+    form = new TripForm(inner);
     sections->addWidget(form, 1);
+    details = new DetailsPane(inner);
     sections->addWidget(details);
 
     auto *scrolled = new QScrollArea(this);
@@ -101,10 +104,10 @@ QHBoxLayout *TripsPage::buildActions()
     addButton(tr("Refresh"), u"refreshTripsButton"_s, &TripsPage::refresh);
     row->addSpacing(gapBetweenActions);
 
+    payweekFilter = new QComboBox(this);
     auto *filterLabel = new QLabel(tr("Payweek:"), this);
     filterLabel->setBuddy(payweekFilter);
     payweekFilter->setObjectName(u"payweekFilter"_s);
-    payweekFilter->setMinimumWidth(150);
     payweekFilter->addItem(tr("All Payweeks"));
     guardFromWheel(payweekFilter);
     row->addWidget(filterLabel);
@@ -137,7 +140,11 @@ void TripsPage::applyUiScale(int percent)
     setFont(pageFont);
     UiScale::applyPageScale(this, pageFont, percent, {});
     UiScale::applyTableScale(list, pageFont, percent);
+    list->setMinimumHeight(std::max(
+        TripList::leastHeight, TripList::leastHeight * UiScale::clampedPercent(percent) / 100));
     details->setFont(pageFont);
+    payweekFilter->setMinimumWidth(
+        std::max(leastFilterWidth, payweekFilter->minimumSizeHint().width()));
     updateGeometry();
     update();
 }
@@ -199,8 +206,7 @@ void TripsPage::reloadPayweekFilter()
     payweekFilter->clear();
     payweekFilter->addItem(tr("All Payweeks"));
     payweekFilter->addItems(payweeks);
-    payweekFilter->setCurrentIndex(std::max(
-        0, payweekFilter->findText(chosen, Qt::MatchFixedString | Qt::MatchCaseSensitive)));
+    payweekFilter->setCurrentIndex(std::max(0, payweekFilter->findText(chosen)));
 }
 
 void TripsPage::reloadList()
@@ -349,8 +355,9 @@ void TripsPage::deleteTrip()
         return;
     }
     const QString tripNo = form->text(TripForm::TripNo).trimmed();
-    const QString tripName = tripNo.isEmpty() ? tr("Trip ID %1").arg(tripId)
-                                              : tr("Trip %1 (ID %2)").arg(tripNo).arg(tripId);
+    const QString tripName = tripNo.isEmpty()
+                                 ? tr("Trip ID %1").arg(tripId)
+                                 : tr("Trip %1 (ID %2)").arg(tripNo, QString::number(tripId));
     if (!confirmDelete(tripName))
         return;
 

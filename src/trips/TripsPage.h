@@ -76,8 +76,8 @@ private:
     void report(const QString &text) const;
 
     QSqlDatabase tripsDatabase;
-    QComboBox *payweekFilter;
-    TripList *list;
-    TripForm *form;
-    DetailsPane *details;
+    QComboBox *payweekFilter = nullptr;
+    TripList *list = nullptr;
+    TripForm *form = nullptr;
+    DetailsPane *details = nullptr;
 };
