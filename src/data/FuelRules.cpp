@@ -109,14 +109,14 @@ QStringList fuelDetailTypeList()
 
 QString normalizeFuelDetailType(const QString &text)
 {
-    const QString name = commonFuelName(cleaned(text), u"Def"_s);
+    QString name = commonFuelName(cleaned(text), u"Def"_s);
     return name.isEmpty() ? text.trimmed() : name;
 }
 
 QString normalizeFuelCostName(const QString &text)
 {
     const QString clean = cleaned(text);
-    const QString name = commonFuelName(clean, u"DEF"_s);
+    QString name = commonFuelName(clean, u"DEF"_s);
     if (!name.isEmpty())
         return name;
     if (namesReeferFuel(clean))

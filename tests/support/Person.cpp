@@ -1,11 +1,13 @@
 #include "support/Person.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QTableWidget>
 #include <QTest>
+#include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -73,6 +75,16 @@ void chooses(QComboBox *box, const QString &text)
     if (index < 0)
         fail(u"There is no entry \"%1\" to choose."_s.arg(text));
     box->setCurrentIndex(index);
+}
+
+void turnsWheelOver(QWidget *widget)
+{
+    const QPointF middle = widget->rect().center();
+    QWheelEvent wheel(middle, widget->mapToGlobal(middle), {}, {0, -120}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    // Only what comes from outside the program travels on to the widgets around.
+    QSpontaneKeyEvent::setSpontaneous(&wheel);
+    qApp->notify(widget, &wheel);
 }
 
 } // namespace Person

@@ -29,4 +29,7 @@ void types(QLineEdit *field, const QString &text);
 /// Chooses the entry with this text.
 void chooses(QComboBox *box, const QString &text);
 
+/// Turns the mouse wheel over the widget by one notch, towards the person.
+void turnsWheelOver(QWidget *widget);
+
 } // namespace Person
