@@ -4,5 +4,5 @@
 
 /// Runs the script at `scriptPath` on the SQLite file at `databasePath`, which is made if it is
 /// missing. The script's statements end with ";" at the end of a line and hold no triggers.
-/// On failure returns false with the reason in `error`; the statements before it have run.
+/// All of them run or none: on failure returns false with the reason in `error`.
 bool runSqlScript(const QString &scriptPath, const QString &databasePath, QString &error);

@@ -89,7 +89,7 @@ CREATE TABLE settlement_import_log (
 );
 
 -- The rows of a trip.
-CREATE INDEX ix_trip_stops_trip ON trip_stops(trip_id, stop_order, id);
+CREATE INDEX ix_trip_stops_trip ON trip_stops(trip_id, stop_order);
 CREATE INDEX ix_trip_pay_items_trip ON trip_pay_items(trip_id);
 CREATE INDEX ix_trip_cost_items_trip ON trip_cost_items(trip_id);
 CREATE INDEX ix_trip_detail_items_trip_group ON trip_detail_items(trip_id, group_name);
@@ -106,11 +106,11 @@ CREATE INDEX ix_settlement_items_year
   ON settlement_non_trip_items(SUBSTR(TRIM(COALESCE(settlement_date,'')), 7, 4));
 CREATE INDEX ix_settlement_meta_date ON settlement_meta(TRIM(COALESCE(settlement_date,'')));
 
--- The names of items, for the history lists.
-CREATE INDEX ix_trip_pay_items_name ON trip_pay_items(TRIM(COALESCE(name,'')));
-CREATE INDEX ix_trip_cost_items_name ON trip_cost_items(TRIM(COALESCE(name,'')));
+-- The editor of a settlement compares the date as it is stored, blanks and all.
+CREATE INDEX ix_settlement_items_stored_date ON settlement_non_trip_items(settlement_date, kind);
 
--- The guards of the import.
+-- The trips of an imported settlement, and the guards against importing it twice.
+CREATE INDEX ix_trips_trip_no ON trips(TRIM(COALESCE(trip_no,'')));
 CREATE INDEX ix_settlement_import_log_truck_payweek
   ON settlement_import_log(truck_number, payweek);
 CREATE INDEX ix_settlement_import_log_source_hash ON settlement_import_log(source_hash);
