@@ -218,7 +218,7 @@ double itemTotal(const QSqlDatabase &database, const QString &table, int tripId)
 {
     QVariant total;
     QString error;
-    if (isItemTable(table) && isOpen(database, error))
+    if (tripId > 0 && isItemTable(table) && isOpen(database, error))
         SqlStatement(database, QString(selectItemTotal).arg(table))
             .firstValue({tripId}, total, error);
     return total.toDouble();
@@ -233,8 +233,9 @@ QList<TripArithmetic::TripStopTiming> StopTimings::ofTrip(int tripId)
 {
     QList<TripArithmetic::TripStopTiming> stops;
     QString error;
-    statement.forEachRow({tripId}, error,
-                         [&stops](const SqlStatement &row) { stops.append(stopTiming(row)); });
+    if (tripId > 0)
+        statement.forEachRow({tripId}, error,
+                             [&stops](const SqlStatement &row) { stops.append(stopTiming(row)); });
     return stops;
 }
 

@@ -59,7 +59,7 @@ bool listItemNames(const QSqlDatabase &database, const QString &table, QStringLi
                    QString &error);
 
 /// The sum of a trip's rows in `trip_pay_items` or `trip_cost_items`, in dollars, not rounded.
-/// Another table, and a failed statement, give 0.
+/// A new trip (id below 1), another table and a failed statement give 0.
 double itemTotal(const QSqlDatabase &database, const QString &table, int tripId);
 
 /// Reads the stops of one trip after another with one prepared statement.
@@ -67,7 +67,7 @@ class StopTimings
 {
 public:
     explicit StopTimings(const QSqlDatabase &database);
-    /// The stops in their order; none if the statement fails.
+    /// The stops in their order; none for a new trip (id below 1) or if the statement fails.
     QList<TripArithmetic::TripStopTiming> ofTrip(int tripId);
 
 private:

@@ -1,0 +1,480 @@
+#include "data/DatabaseLocator.h"
+#include "support/DialogRobot.h"
+#include "support/TableReaders.h"
+#include "trips/TripsPage.h"
+#include "trips/TripsRows.h"
+#include "trips/TripsWindow.h"
+
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+/// The page as the driver looks through their trips. Opening, saving and deleting have classes of
+/// their own.
+class tst_TripsPage : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void tabGoesThroughThePageInReadingOrder()
+    {
+        const Workspace workspace;
+        const TripsWindow trips;
+        trips.named<QPushButton>("openTripsButton")->setFocus();
+        QStringList visited;
+        for (int press = 0; press < 15; ++press) {
+            visited.append(trips.window.focusWidget()->objectName());
+            QTest::keyClick(trips.window.focusWidget(), Qt::Key_Tab);
+        }
+        QCOMPARE(visited,
+                 QStringList({u"openTripsButton"_s, u"refreshTripsButton"_s, u"payweekFilter"_s,
+                              u"newTripButton"_s, u"saveTripButton"_s, u"deleteTripButton"_s,
+                              u"tripList"_s, u"tripNoField"_s, u"payweekField"_s,
+                              u"emptyMilesField"_s, u"loadedMilesField"_s, u"linehaulField"_s,
+                              u"fusuField"_s, u"carrierPercentField"_s, u"tripDetails"_s}));
+    }
+
+    void hoursOfTheListComeFromTheStops()
+    {
+        Workspace workspace;
+        const QString path = workspace.makeTrips();
+        insertWorkedTrip(workspace, u"1"_s);
+        insertWorkedTrip(workspace, u"2"_s);
+        workspace.execute(u"UPDATE trips SET trip_hours = 99, net_per_hour = 1"_s);
+        workspace.execute(u"UPDATE trip_stops SET has_appointment_window = 1, "
+                          "appt_latest = '2026-04-17T10:00:00' "
+                          "WHERE trip_id = 2 AND stop_type = 'shipper'"_s);
+        trip().no(u"3"_s).totals(500.0, 0.0).set(u"trip_hours"_s, 99).insert(workspace);
+        const TripsWindow trips(path);
+        QCOMPARE(column(trips.list(), u"Trip Hours"_s),
+                 QStringList({u"0.00"_s, u"11.00 - 13.00"_s, u"13.00"_s}));
+        QCOMPARE(column(trips.list(), u"Net/Hour"_s),
+                 QStringList({u"$0.00"_s, u"$73.08 - $86.36"_s, u"$73.08"_s}));
+    }
+
+    void filterOffersThePayweeksInTextOrder()
+    {
+        Workspace workspace;
+        const QString path = makeTwoWeeks(workspace);
+        trip().no(u"4"_s).payweek(u"12/27/2025"_s).insert(workspace);
+        const TripsWindow trips(path);
+        QCOMPARE(entries(trips.filter()), QStringList({u"All Payweeks"_s, u"12/27/2025"_s,
+                                                       u"04/18/2026"_s, u"04/11/2026"_s}));
+        QCOMPARE(trips.filter()->currentText(), u"All Payweeks"_s);
+    }
+
+    void chosenPayweekListsItsTrips()
+    {
+        Workspace workspace;
+        const TripsWindow trips(makeTwoWeeks(workspace));
+        Person::chooses(trips.filter(), u"04/18/2026"_s);
+        QCOMPARE(column(trips.list(), u"Trip #"_s), QStringList({u"3"_s, u"2"_s}));
+        QCOMPARE(trips.statuses, QStringList({u"Loaded 2 trips"_s}));
+        Person::chooses(trips.filter(), u"All Payweeks"_s);
+        QCOMPARE(column(trips.list(), u"Trip #"_s), QStringList({u"3"_s, u"2"_s, u"1"_s}));
+        QCOMPARE(trips.statuses.last(), u"Loaded 3 trips"_s);
+    }
+
+    void wheelOverTheFilterChangesNothing()
+    {
+        Workspace workspace;
+        const TripsWindow trips(makeTwoWeeks(workspace));
+        trips.line("tripNoField")->setFocus();
+        Person::turnsWheelOver(trips.filter());
+        QCOMPARE(trips.filter()->currentIndex(), 0);
+        QCOMPARE(trips.statuses, QStringList());
+    }
+
+    void refreshKeepsTheChosenPayweek()
+    {
+        Workspace workspace;
+        TripsWindow trips(makeTwoWeeks(workspace));
+        Person::chooses(trips.filter(), u"04/11/2026"_s);
+        trip().no(u"4"_s).payweek(u"04/11/2026"_s).insert(workspace);
+        trip().no(u"5"_s).payweek(u"04/25/2026"_s).insert(workspace);
+        trips.statuses.clear();
+        trips.clicks(u"Refresh"_s);
+        QCOMPARE(trips.filter()->currentText(), u"04/11/2026"_s);
+        QCOMPARE(column(trips.list(), u"Trip #"_s), QStringList({u"4"_s, u"1"_s}));
+        QCOMPARE(entries(trips.filter()).at(1), u"04/25/2026"_s);
+        QCOMPARE(trips.statuses, QStringList({u"Loaded 2 trips"_s}));
+    }
+
+    void refreshFallsBackToAllWhenThePayweekIsGone()
+    {
+        Workspace workspace;
+        const TripsWindow trips(makeTwoWeeks(workspace));
+        Person::chooses(trips.filter(), u"04/11/2026"_s);
+        workspace.execute(u"UPDATE trips SET payweek = '4/11/2026' WHERE trip_no = '1'"_s);
+        trips.clicks(u"Refresh"_s);
+        QCOMPARE(trips.filter()->currentIndex(), 0);
+        QCOMPARE(trips.list()->rowCount(), 3);
+    }
+
+    void refreshOfAnEmptyFileListsNothing()
+    {
+        Workspace workspace;
+        const TripsWindow trips(workspace.makeTrips());
+        trips.clicks(u"Refresh"_s);
+        QCOMPARE(trips.list()->rowCount(), 0);
+        QCOMPARE(trips.statuses, QStringList({u"Loaded 0 trips"_s}));
+        QCOMPARE(entries(trips.filter()), QStringList({u"All Payweeks"_s}));
+    }
+
+    void refreshWithoutADatabaseAsksForOne()
+    {
+        const Workspace workspace;
+        DialogRobot robot;
+        const TripsWindow trips;
+        robot.expect(DialogRobot::Warning, u"No Database"_s, u"Open trips.db first."_s);
+        trips.clicks(u"Refresh"_s);
+        QCOMPARE(trips.statuses, QStringList());
+    }
+
+    void filterOfAFileThatWasClosedAsksForOne()
+    {
+        Workspace workspace;
+        DialogRobot robot;
+        const TripsWindow trips(makeTwoWeeks(workspace));
+        DatabaseLocator::closeAllSqliteConnections();
+        robot.expect(DialogRobot::Warning, u"No Database"_s, u"Open trips.db first."_s);
+        Person::chooses(trips.filter(), u"04/18/2026"_s);
+        QCOMPARE(trips.list()->rowCount(), 3);
+        QCOMPARE(trips.statuses, QStringList());
+    }
+
+    void tripsThatCannotBeReadGiveTwoBoxesAndStayListed()
+    {
+        Workspace workspace;
+        DialogRobot robot;
+        const TripsWindow trips(makeTwoWeeks(workspace));
+        workspace.execute(u"DROP TABLE trips"_s);
+        const QString text = u"no such table: trips"_s;
+        robot.expectContaining(DialogRobot::Critical, u"Payweek Query Error"_s, text);
+        robot.expectContaining(DialogRobot::Critical, u"Query Error"_s, text);
+        trips.clicks(u"Refresh"_s);
+        QCOMPARE(trips.list()->rowCount(), 3);
+        QCOMPARE(entries(trips.filter()), QStringList({u"All Payweeks"_s}));
+        QCOMPARE(trips.statuses, QStringList());
+    }
+
+    void clickedTripFillsTheForm()
+    {
+        Workspace workspace;
+        const QString path = workspace.makeTrips();
+        insertWorkedTrip(workspace, u"4471203"_s);
+        const TripsWindow trips(path);
+        trips.clicksTrip(0);
+        QCOMPARE(trips.form(),
+                 QStringList({u"1"_s, u"4471203"_s, u"04/18/2026"_s, u"100"_s, u"500"_s,
+                              u"$1000.00"_s, u"$200.00"_s, u"25"_s, u"13.00"_s, u"$73.08"_s}));
+        QCOMPARE(trips.window.windowTitle(), u"Brindlepath Desk - 4471203"_s);
+        QCOMPARE(trips.statuses, QStringList());
+        QCOMPARE(trips.openedPayweeks, QStringList());
+    }
+
+    void clickedTripIsToldInDetail()
+    {
+        Workspace workspace;
+        const QString path = workspace.makeTrips();
+        insertWorkedTrip(workspace, u"4471203"_s);
+        const TripsWindow trips(path);
+        trips.clicksTrip(0);
+        QCOMPARE(trips.details(), u"ID: 1\nTrip #: 4471203\nPayweek: 04/18/2026\nEmpty: 100\n"
+                                  "Loaded: 500\nTotal Miles: 600.00\nLinehaul: $1000.00\n"
+                                  "FUSU: $200.00\nTotal Revenue: $1250.00\nTotal Cost: $300.00\n"
+                                  "Net Revenue: $950.00\nCarrier %: 25\nCarrier Make: $250.00\n"
+                                  "Carrier earns 26.32%% of driver net\nCPM: 158.33\n"
+                                  "Trip Hours: 13.00\nNet/Hour: $73.08\n"_s);
+    }
+
+    void detailsAreOfTheItemsAsTheyAreNow()
+    {
+        Workspace workspace;
+        const QString path = workspace.makeTrips();
+        const qint64 id = insertWorkedTrip(workspace, u"4471203"_s);
+        const TripsWindow trips(path);
+        costItem(id, u"Engine repair"_s, 1000.0).insert(workspace);
+        trips.clicksTrip(0);
+        const QStringList lines = trips.details().split(u'\n');
+        QVERIFY(lines.contains(u"Total Cost: $1300.00"_s));
+        QVERIFY(lines.contains(u"Net Revenue: $-50.00"_s));
+        QVERIFY(lines.contains(u"Carrier earns N/A of driver net"_s));
+        QCOMPARE(trips.form().last(), u"$-3.85"_s);
+        QCOMPARE(column(trips.list(), u"Net Revenue"_s), QStringList({u"$950.00"_s}));
+        QCOMPARE(workspace.value(u"SELECT net_revenue FROM trips"_s).toDouble(), 950.0);
+    }
+
+    void tripChosenByKeyFillsTheForm()
+    {
+        Workspace workspace;
+        const TripsWindow trips(makeTwoWeeks(workspace));
+        trips.clicksTrip(0);
+        QCOMPARE(trips.form().at(1), u"3"_s);
+        QTest::keyClick(trips.list(), Qt::Key_Down);
+        QCOMPARE(trips.form().first(3), QStringList({u"2"_s, u"2"_s, u"04/18/2026"_s}));
+        QCOMPARE(trips.window.windowTitle(), u"Brindlepath Desk - 2"_s);
+    }
+
+    void anotherTripDiscardsWhatWasTyped()
+    {
+        Workspace workspace;
+        const DialogRobot robot;
+        const TripsWindow trips(makeTwoWeeks(workspace));
+        trips.clicksTrip(0);
+        trips.types("tripNoField", u"half typed"_s);
+        trips.clicksTrip(1);
+        QCOMPARE(trips.form().at(1), u"2"_s);
+        trips.clicksTrip(0);
+        QCOMPARE(trips.form().at(1), u"3"_s);
+        QCOMPARE(robot.seen().size(), 0);
+    }
+
+    void sameTripClickedAgainDiscardsWhatWasTyped()
+    {
+        Workspace workspace;
+        const TripsWindow trips(makeTwoWeeks(workspace));
+        trips.clicksTrip(0);
+        trips.types("tripNoField", u"half typed"_s);
+        trips.clicksTrip(0);
+        QCOMPARE(trips.form().at(1), u"3"_s);
+    }
+
+    void tripWithoutANumberLeavesThePageInTheTitle()
+    {
+        Workspace workspace;
+        const QString path = workspace.makeTrips();
+        trip().set(u"trip_no"_s, QVariant()).insert(workspace);
+        const TripsWindow trips(path);
+        trips.clicksTrip(0);
+        QCOMPARE(trips.form().first(), u"1"_s);
+        QCOMPARE(trips.window.windowTitle(), u"Brindlepath Desk - Trips"_s);
+    }
+
+    void clickOnAPayweekOpensIt()
+    {
+        Workspace workspace;
+        const QString path = workspace.makeTrips();
+        insertWorkedTrip(workspace, u"4471203"_s, u" 04/18/2026 "_s);
+        const TripsWindow trips(path);
+        Person::clicksCell(trips.list(), 0, PayweekColumn);
+        QCOMPARE(trips.openedPayweeks, QStringList({u"04/18/2026"_s}));
+        QCOMPARE(trips.form().at(1), u"4471203"_s);
+    }
+
+    void clickOnAnotherColumnOpensNoPayweek()
+    {
+        Workspace workspace;
+        const TripsWindow trips(makeTwoWeeks(workspace));
+        for (int column = TripNoColumn; column < TripColumnCount; ++column) {
+            if (column != PayweekColumn)
+                Person::clicksCell(trips.list(), 0, column);
+        }
+        QTest::keyClick(trips.list(), Qt::Key_Down);
+        QCOMPARE(trips.openedPayweeks, QStringList());
+    }
+
+    void blankPayweekOpensNothing()
+    {
+        Workspace workspace;
+        const QString path = workspace.makeTrips();
+        trip().no(u"4471203"_s).payweek(u"  "_s).insert(workspace);
+        const TripsWindow trips(path);
+        Person::clicksCell(trips.list(), 0, PayweekColumn);
+        QCOMPARE(trips.openedPayweeks, QStringList());
+        QCOMPARE(trips.form().at(1), u"4471203"_s);
+    }
+
+    void clickOnAPayweekOnlyLoadsTheTripWhereNoOneOpensIt()
+    {
+        Workspace workspace;
+        const TripsWindow trips(makeTwoWeeks(workspace));
+        trips.page->openPayweekCallback = {};
+        Person::clicksCell(trips.list(), 2, PayweekColumn);
+        QCOMPARE(trips.form().at(1), u"1"_s);
+        QCOMPARE(trips.openedPayweeks, QStringList());
+    }
+
+    void sortedListLoadsTheTripThatIsSeen()
+    {
+        Workspace workspace;
+        const TripsWindow trips(makeTwoWeeks(workspace));
+        Person::clicksHeader(trips.list(), PayweekColumn);
+        QCOMPARE(column(trips.list(), u"Payweek"_s).first(), u"04/11/2026"_s);
+        trips.clicksTrip(0);
+        QCOMPARE(trips.form().at(1), u"1"_s);
+        trips.clicks(u"Refresh"_s);
+        QCOMPARE(column(trips.list(), u"Payweek"_s).first(), u"04/11/2026"_s);
+    }
+
+    void newTripEmptiesThePage()
+    {
+        Workspace workspace;
+        const TripsWindow trips(makeTwoWeeks(workspace));
+        trips.clicksTrip(0);
+        trips.clicks(u"New Trip"_s);
+        QCOMPARE(trips.form(), emptyForm());
+        QCOMPARE(trips.details(), u""_s);
+        QCOMPARE(trips.window.focusWidget(), trips.line("tripNoField"));
+        QCOMPARE(trips.window.windowTitle(), u"Brindlepath Desk - Trips"_s);
+        QCOMPARE(trips.statuses, QStringList({u"New Trip mode."_s}));
+        QCOMPARE(trips.list()->rowCount(), 3);
+    }
+
+    void everyCallbackMayBeUnset()
+    {
+        Workspace workspace;
+        const DialogRobot robot;
+        const TripsWindow trips(makeTwoWeeks(workspace));
+        trips.page->statusCallback = {};
+        trips.page->openPayweekCallback = {};
+        trips.page->makeReady(100);
+        trips.clicks(u"Refresh"_s);
+        Person::clicksCell(trips.list(), 0, PayweekColumn);
+        trips.clicks(u"Save Trip / Changes"_s);
+        trips.page->openTripById(1);
+        trips.page->openTripById(99);
+        trips.clicks(u"New Trip"_s);
+        QCOMPARE(trips.list()->rowCount(), 3);
+        QCOMPARE(trips.statuses, QStringList());
+    }
+
+    void readyPageHasItsScaleAndSaysSo()
+    {
+        const Workspace workspace;
+        const TripsWindow trips;
+        trips.page->makeReady(175);
+        QCOMPARE(trips.statuses, QStringList({u"Trips page ready."_s}));
+        QCOMPARE(trips.page->font().pointSize(), 17);
+    }
+
+    void scaleReachesTheWholePage_data()
+    {
+        QTest::addColumn<int>("percent");
+        QTest::addColumn<int>("points");
+        QTest::addColumn<int>("fieldHeight");
+        QTest::addColumn<int>("buttonHeight");
+        QTest::addColumn<int>("rowHeight");
+        QTest::addColumn<int>("headerHeight");
+        QTest::newRow("75") << 75 << 8 << 26 << 28 << 22 << 24;
+        QTest::newRow("100") << 100 << 10 << 30 << 32 << 24 << 26;
+        QTest::newRow("175") << 175 << 17 << 52 << 56 << 42 << 45;
+        QTest::newRow("below the range") << 40 << 8 << 26 << 28 << 22 << 24;
+        QTest::newRow("above the range") << 500 << 17 << 52 << 56 << 42 << 45;
+    }
+
+    void scaleReachesTheWholePage()
+    {
+        Workspace workspace;
+        const TripsWindow trips(makeTwoWeeks(workspace));
+        QFETCH(const int, percent);
+        QFETCH(const int, points);
+        trips.page->applyUiScale(percent);
+        QCOMPARE(trips.page->font().pointSize(), points);
+        QCOMPARE(pointSizes<QLabel>(trips), QList<int>({points}));
+        QCOMPARE(pointSizes<QLineEdit>(trips), QList<int>({points}));
+        QCOMPARE(pointSizes<QPushButton>(trips), QList<int>({points}));
+        QCOMPARE(pointSizes<QComboBox>(trips), QList<int>({points}));
+        QCOMPARE(pointSizes<QGroupBox>(trips), QList<int>({points}));
+        QCOMPARE(pointSizes<QTextEdit>(trips), QList<int>({points}));
+        QTEST(trips.line("tripNoField")->minimumHeight(), "fieldHeight");
+        QTEST(trips.named<QPushButton>("saveTripButton")->minimumHeight(), "buttonHeight");
+        QTEST(trips.filter()->minimumHeight(), "buttonHeight");
+    }
+
+    void scaleReachesTheTripList_data() { scaleReachesTheWholePage_data(); }
+
+    void scaleReachesTheTripList()
+    {
+        Workspace workspace;
+        const TripsWindow trips(makeTwoWeeks(workspace));
+        QFETCH(const int, percent);
+        QFETCH(const int, points);
+        trips.page->applyUiScale(percent);
+        const TripList *list = trips.list();
+        QCOMPARE(list->font().pointSize(), points);
+        QCOMPARE(list->item(0, TripNoColumn)->font().pointSize(), points);
+        QCOMPARE(list->horizontalHeader()->font().pointSize(), points);
+        QTEST(list->horizontalHeader()->minimumHeight(), "headerHeight");
+        QTEST(list->rowHeight(0), "rowHeight");
+        trips.clicks(u"Refresh"_s);
+        QTEST(list->rowHeight(2), "rowHeight");
+    }
+
+    void tripListKeepsRoomForItsRows_data()
+    {
+        QTest::addColumn<int>("percent");
+        QTest::addColumn<int>("leastHeight");
+        QTest::newRow("75") << 75 << 110;
+        QTest::newRow("100") << 100 << 110;
+        QTest::newRow("175") << 175 << 192;
+        QTest::newRow("above the range") << 500 << 192;
+    }
+
+    void tripListKeepsRoomForItsRows()
+    {
+        const Workspace workspace;
+        const TripsWindow trips;
+        QFETCH(const int, percent);
+        trips.page->applyUiScale(percent);
+        QTEST(trips.list()->minimumHeight(), "leastHeight");
+    }
+
+    void filterStaysWideEnoughForItsTexts()
+    {
+        Workspace workspace;
+        const TripsWindow trips(makeTwoWeeks(workspace));
+        trips.page->applyUiScale(100);
+        QVERIFY(trips.filter()->minimumWidth() >= 150);
+        trips.page->applyUiScale(175);
+        QVERIFY(trips.filter()->minimumWidth()
+                > trips.filter()->fontMetrics().horizontalAdvance(u"All Payweeks"_s));
+    }
+
+    void detailsGrowWithTheScale()
+    {
+        Workspace workspace;
+        const TripsWindow trips(makeTwoWeeks(workspace));
+        trips.clicksTrip(0);
+        const auto *details = trips.named<QTextEdit>("tripDetails");
+        trips.page->applyUiScale(75);
+        const int low = details->minimumHeight();
+        trips.page->applyUiScale(175);
+        QVERIFY(details->minimumHeight() > low * 3 / 2);
+    }
+
+private:
+    /// Trip 1 in the week of April 11, trips 2 and 3 in the week after.
+    static QString makeTwoWeeks(Workspace &workspace)
+    {
+        const QString path = workspace.makeTrips();
+        trip().no(u"1"_s).payweek(u"04/11/2026"_s).insert(workspace);
+        trip().no(u"2"_s).payweek(u"04/18/2026"_s).insert(workspace);
+        trip().no(u"3"_s).payweek(u"04/18/2026"_s).insert(workspace);
+        return path;
+    }
+
+    static QStringList entries(const QComboBox *box)
+    {
+        QStringList texts;
+        for (int index = 0; index < box->count(); ++index)
+            texts.append(box->itemText(index));
+        return texts;
+    }
+
+    /// The different letter sizes among the page's widgets of one kind.
+    template <typename Widget>
+    static QList<int> pointSizes(const TripsWindow &trips)
+    {
+        QSet<int> sizes;
+        for (const Widget *widget : trips.page->findChildren<Widget *>())
+            sizes.insert(widget->font().pointSize());
+        return sizes.values();
+    }
+};
+
+QTEST_MAIN(tst_TripsPage)
+#include "tst_TripsPage.moc"
