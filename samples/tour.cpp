@@ -2,8 +2,8 @@
 // person would, saves a picture of each, and prints the payweek report. The exit status tells
 // whether every page had something to show.
 
+#include "app/ApplicationSetup.h"
 #include "app/BrindlepathApp.h"
-#include "app/UiScale.h"
 
 #include <QApplication>
 #include <QDir>
@@ -136,9 +136,7 @@ private:
 int main(int argc, char *argv[])
 {
     const QApplication application(argc, argv);
-    QFont font = QApplication::font();
-    font.setPointSize(UiScale::applicationPointSize(UiScale::savedUiScalePercent()));
-    QApplication::setFont(font);
+    setUpApplication();
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() != 2 || !QDir().mkpath(arguments.at(1))) {
         QTextStream(stderr) << "usage: tour FOLDER-FOR-PICTURES" << Qt::endl;

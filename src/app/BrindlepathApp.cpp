@@ -30,9 +30,9 @@ const QString viewPayweekName = u"View Payweek"_s;
 
 BrindlepathApp::BrindlepathApp(QWidget *parent)
     : QMainWindow(parent)
+    , form(std::make_unique<Ui::BrindlepathAppClass>())
 {
-    Ui::BrindlepathAppClass form;
-    form.setupUi(this);
+    form->setupUi(this);
     setWindowTitle(ProductFacts::displayName);
     buildUi();
     // Connected only now: the first row was selected while the window was built, and that is no
@@ -43,16 +43,27 @@ BrindlepathApp::BrindlepathApp(QWidget *parent)
     autoOpenDatabases();
 }
 
+BrindlepathApp::~BrindlepathApp() = default;
+
 void BrindlepathApp::buildUi()
 {
+    QHBoxLayout *centralLayout = buildCentralLayout();
     buildNavigation();
     buildPages();
     stackPages();
-    buildCentralWidget();
+    fillCentralWidget(centralLayout);
     buildHelpMenu();
     buildStatusLine();
     navigationList->setCurrentRow(0);
     applyUiScale(UiScale::savedUiScalePercent());
+}
+
+QHBoxLayout *BrindlepathApp::buildCentralLayout()
+{
+    auto *layout = new QHBoxLayout(new QWidget(this));
+    layout->setContentsMargins(8, 8, 8, 8);
+    layout->setSpacing(8);
+    return layout;
 }
 
 void BrindlepathApp::buildNavigation()
@@ -96,20 +107,15 @@ void BrindlepathApp::stackPages()
     pageStack->addWidget(viewPayweekPage);
 }
 
-void BrindlepathApp::buildCentralWidget()
+void BrindlepathApp::fillCentralWidget(QHBoxLayout *layout)
 {
     auto *splitter = new QSplitter(Qt::Horizontal, this);
     splitter->addWidget(navigationList);
     splitter->addWidget(pageStack);
     splitter->setStretchFactor(0, 0);
     splitter->setStretchFactor(1, 1);
-
-    auto *central = new QWidget(this);
-    auto *layout = new QHBoxLayout(central);
-    layout->setContentsMargins(8, 8, 8, 8);
-    layout->setSpacing(8);
     layout->addWidget(splitter);
-    setCentralWidget(central); // and with it go the widgets of the form
+    setCentralWidget(layout->parentWidget()); // and with the old one go the widgets of the form
 }
 
 void BrindlepathApp::buildHelpMenu()
@@ -186,6 +192,8 @@ void BrindlepathApp::updateViewPayweekTitle(const QString &payweek)
 void BrindlepathApp::showPage(QWidget *page)
 {
     const int index = pageStack->indexOf(page);
+    if (index < 0)
+        return;
     navigationList->setCurrentRow(index);
     pageStack->setCurrentIndex(index);
 }

@@ -2,12 +2,17 @@
 
 #include <QMainWindow>
 
-class QGridLayout;
+#include <memory>
+
+class QHBoxLayout;
 class QLabel;
 class QListWidget;
 class QStackedWidget;
 class TripsPage;
 class ViewPayweekPage;
+namespace Ui {
+class BrindlepathAppClass;
+}
 
 /// The one window: the navigation list, the stacked pages, the Help menu and the status line. It
 /// is the only object that knows all pages; what one page asks of another goes through the
@@ -19,6 +24,7 @@ class BrindlepathApp : public QMainWindow
 public:
     /// Builds the window and opens the databases that lie near the application.
     explicit BrindlepathApp(QWidget *parent = nullptr);
+    ~BrindlepathApp() override;
 
     /// Shows the text in the status line until the next one comes.
     void setStatusText(const QString &text);
@@ -40,7 +46,8 @@ private:
     void buildNavigation();
     void buildPages();
     void stackPages();
-    void buildCentralWidget();
+    QHBoxLayout *buildCentralLayout();
+    void fillCentralWidget(QHBoxLayout *layout);
     void buildHelpMenu();
     void buildStatusLine();
 
@@ -54,6 +61,7 @@ private:
     void showTrip(int tripId, const QString &tripNo);
     void showAboutDialog();
 
+    std::unique_ptr<Ui::BrindlepathAppClass> form;
     QListWidget *navigationList = nullptr;
     QStackedWidget *pageStack = nullptr;
     QLabel *statusLabel = nullptr;

@@ -32,9 +32,10 @@ constexpr auto sortAscendingProperty = "uiScaleHelperSortAscending";
 constexpr auto connectedProperty = "uiScaleHelperSortArrowConnected";
 
 // Whole pixels or points, rounded down, but never less than `least`.
+// The product is wide because a damaged settings store may hold any number.
 int scaled(int percent, int base, int least)
 {
-    return std::max(least, percent * base / 100);
+    return static_cast<int>(std::max<qint64>(least, qint64(percent) * base / 100));
 }
 
 // Column widths alone round to the nearest pixel.

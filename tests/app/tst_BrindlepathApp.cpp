@@ -1,4 +1,6 @@
 #include "app/BrindlepathApp.h"
+#include "data/DatabaseLocator.h"
+#include "data/SqlStatement.h"
 #include "support/DialogRobot.h"
 #include "support/Person.h"
 #include "support/RowMakers.h"
@@ -47,7 +49,13 @@ private Q_SLOTS:
     void tripWithoutNumberOpensWithoutAStatusOfTheWindow();
     void startScreenRefreshesWhenShown();
     void startScreenTellsTheFileHeldOpenFromAnotherFolder();
+    void emptyTablesShowTheirCounts();
+    void payweekThatIsNotThereLeavesTheSelection();
+    void tripThatIsGoneStillGetsTheWindowsStatus();
+    void payweekInTheTitleIsTrimmed();
+    void pageStandsBesideTheNavigationAndGrows();
     void statusTextStandsInLabelAndBar();
+    void statusTextIsShownOnce();
     void scaleIsClampedAndReachesTheWholeWindow();
     void savedScaleOutsideTheRangeIsClamped();
     void helpMenuShowsTheAboutDialog();
@@ -247,6 +255,8 @@ void tst_BrindlepathApp::emptyPayweekLeavesNoSeparatorInTheTitle()
     goTo(window, u"View Payweek"_s);
     QCOMPARE(window.windowTitle(), u"Brindlepath Desk - View Payweek"_s);
     QCOMPARE(status(window), u"Current Page: View Payweek"_s);
+    Person::clicks(window, u"Refresh"_s);
+    QCOMPARE(named<QTextEdit>(window, "payweekSummary")->toPlainText(), u"Open trips.db first."_s);
 }
 
 void tst_BrindlepathApp::chosenPayweekStandsInTheTitle()
@@ -350,6 +360,96 @@ void tst_BrindlepathApp::startScreenTellsTheFileHeldOpenFromAnotherFolder()
     goTo(window, u"Start Screen"_s);
     QCOMPARE(startValue(window, "startDatabaseValue"), u"TRIPS.DB"_s);
     QCOMPARE(startValue(window, "startTripsValue"), u"0"_s);
+}
+
+void tst_BrindlepathApp::emptyTablesShowTheirCounts()
+{
+    Workspace workspace;
+    workspace.makeTrips();
+    QString error;
+    QSqlDatabase locations;
+    DatabaseLocator::openNamedConnection(locations, u"test_locations"_s, workspace.makeLocations(),
+                                         error);
+    runSql(locations, u"INSERT INTO locations (code) VALUES ('DAL-01'), ('MEM-02')"_s, {}, error);
+    DatabaseLocator::releaseNamedConnection(locations, u"test_locations"_s);
+    QCOMPARE(error, QString());
+    const BrindlepathApp window;
+    QCOMPARE(startValue(window, "startDatabaseValue"), u"trips.db"_s);
+    QCOMPARE(startValue(window, "startTripsValue"), u"0"_s);
+    QCOMPARE(startValue(window, "startLocationsValue"), u"2"_s);
+    QCOMPARE(startValue(window, "startPayweekValue"), u"None"_s);
+    QCOMPARE(startValue(window, "startBackupValue"), u"Not Available"_s);
+    QCOMPARE(startValue(window, "startActivityLabel"), u"No recent activity available."_s);
+}
+
+void tst_BrindlepathApp::payweekThatIsNotThereLeavesTheSelection()
+{
+    Workspace workspace;
+    workspace.makeTrips();
+    trip().payweek(u"04/18/2026"_s).insert(workspace);
+    BrindlepathApp window;
+    Person::shows(window);
+    goTo(window, u"Trips"_s);
+    workspace.execute(u"UPDATE trips SET payweek = '04/25/2026'"_s);
+    Person::clicks(window, u"Refresh"_s);
+    Person::clicksCell(named<QTableWidget>(window, "tripList"), 0, 2);
+    QCOMPARE(named<QListWidget>(window, "navigationList")->currentRow(), 2);
+    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - View Payweek - 04/18/2026"_s);
+    QCOMPARE(status(window), u"Payweek not found in View Payweek selector: 04/25/2026"_s);
+}
+
+void tst_BrindlepathApp::tripThatIsGoneStillGetsTheWindowsStatus()
+{
+    Workspace workspace;
+    workspace.makeTrips();
+    trip().no(u"4471203"_s).payweek(u"04/18/2026"_s).insert(workspace);
+    BrindlepathApp window;
+    Person::shows(window);
+    goTo(window, u"View Payweek"_s);
+    workspace.execute(u"DELETE FROM trips"_s);
+    Person::clicksCell(named<QTableWidget>(window, "payweekTrips"), 0, 0);
+    QCOMPARE(named<QLabel>(window, "tripIdLabel")->text(), u"(new trip)"_s);
+    QCOMPARE(status(window), u"Opened trip 4471203 from View Payweek"_s);
+}
+
+void tst_BrindlepathApp::payweekInTheTitleIsTrimmed()
+{
+    const Workspace workspace;
+    BrindlepathApp window;
+    window.updateViewPayweekTitle(u"  04/18/2026 "_s);
+    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - View Payweek - 04/18/2026"_s);
+    window.updateViewPayweekTitle(u"   "_s);
+    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - View Payweek"_s);
+}
+
+void tst_BrindlepathApp::pageStandsBesideTheNavigationAndGrows()
+{
+    const Workspace workspace;
+    BrindlepathApp window;
+    const QLayout *layout = window.centralWidget()->layout();
+    QCOMPARE(layout->contentsMargins(), QMargins(8, 8, 8, 8));
+    QCOMPARE(layout->spacing(), 8);
+    const auto *splitter = window.centralWidget()->findChild<QSplitter *>();
+    QCOMPARE(splitter->widget(0)->objectName(), u"navigationList"_s);
+    QCOMPARE(splitter->widget(1)->objectName(), u"pageStack"_s);
+    Person::shows(window);
+    const int listWidth = splitter->sizes().at(0);
+    window.resize(1500, 800);
+    QTRY_COMPARE(splitter->width(), 1500 - 16);
+    QCOMPARE(splitter->sizes().at(0), listWidth);
+}
+
+void tst_BrindlepathApp::statusTextIsShownOnce()
+{
+    const Workspace workspace;
+    BrindlepathApp window;
+    Person::shows(window);
+    window.setStatusText(u"Loaded 3 trips"_s);
+    // The label fills the bar, so that the bar's own message has no room beside it.
+    const auto *label = named<QLabel>(window, "statusLabel");
+    QVERIFY(label->isVisible());
+    QVERIFY(label->x() <= 4);
+    QVERIFY(label->width() > window.statusBar()->width() - 40);
 }
 
 void tst_BrindlepathApp::statusTextStandsInLabelAndBar()

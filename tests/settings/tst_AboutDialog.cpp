@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QDialogButtonBox>
+#include <QFile>
 #include <QFrame>
 #include <QLabel>
 #include <QPushButton>
@@ -226,6 +227,20 @@ private Q_SLOTS:
         workspace.makeFile(u"EULA.txt"_s, "\nUse it well.\n\n");
         const AboutDialog dialog;
         QCOMPARE(licenceBox(dialog)->toPlainText(), u"Use it well."_s);
+    }
+
+    void agreementBesideTheProgramComesFirst()
+    {
+        const Workspace workspace;
+        workspace.makeFile(u"EULA.txt"_s, "From the current folder.");
+        const QString beside = QCoreApplication::applicationDirPath() + u"/EULA.txt"_s;
+        const auto removeIt = qScopeGuard([&beside] { QFile::remove(beside); });
+        QFile file(beside);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("From beside the program.");
+        file.close();
+        const AboutDialog dialog;
+        QCOMPARE(licenceBox(dialog)->toPlainText(), u"From beside the program."_s);
     }
 
     void anEmptyAgreementGivesWayToTheNext()

@@ -456,6 +456,16 @@ private Q_SLOTS:
         QCOMPARE(StopTimings(QSqlDatabase()).ofTrip(1).size(), 0);
     }
 
+    void newTripOwnsNoStrayRows()
+    {
+        Workspace workspace;
+        const TestConnection trips(workspace.makeTrips());
+        payItem(0, u"Detention"_s, 50.0).insert(workspace);
+        stop(0).at(u"2026-04-18T08:00:00"_s).insert(workspace);
+        QCOMPARE(itemTotal(trips.database(), u"trip_pay_items"_s, 0), 0.0);
+        QCOMPARE(StopTimings(trips.database()).ofTrip(0).size(), 0);
+    }
+
     void closedDatabaseIsToldInWords()
     {
         const Workspace workspace;

@@ -1,0 +1,20 @@
+#include "app/ApplicationSetup.h"
+
+#include "app/UiScale.h"
+
+#include <QApplication>
+#include <QIcon>
+
+using namespace Qt::StringLiterals;
+
+void setUpApplication()
+{
+    QApplication::setOrganizationName(u"Brindle Path LLC"_s);
+    QApplication::setApplicationName(u"Brindlepath Desk"_s);
+
+    QFont font = QApplication::font();
+    font.setPointSize(UiScale::applicationPointSize(UiScale::savedUiScalePercent()));
+    QApplication::setFont(font);
+
+    QApplication::setWindowIcon(QIcon(u":/BrindlepathApp/BrindlepathDesk.ico"_s));
+}

@@ -1,0 +1,67 @@
+#include "app/ApplicationSetup.h"
+#include "support/Workspace.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class tst_ApplicationSetup : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void applicationGoesByItsNames();
+    void fontFollowsTheSavedScaleUnclamped_data();
+    void fontFollowsTheSavedScaleUnclamped();
+    void withoutASavedScaleTheFontHasTenPoints();
+    void iconComesFromTheResources();
+};
+
+void tst_ApplicationSetup::applicationGoesByItsNames()
+{
+    const Workspace workspace;
+    setUpApplication();
+    QCOMPARE(QApplication::organizationName(), u"Brindle Path LLC"_s);
+    QCOMPARE(QApplication::applicationName(), u"Brindlepath Desk"_s);
+}
+
+void tst_ApplicationSetup::fontFollowsTheSavedScaleUnclamped_data()
+{
+    QTest::addColumn<int>("percent");
+    QTest::addColumn<int>("pointSize");
+    QTest::newRow("below the range") << 40 << 8;
+    QTest::newRow("smallest") << 75 << 8;
+    QTest::newRow("largest") << 175 << 17;
+    QTest::newRow("beyond the range") << 500 << 50;
+}
+
+void tst_ApplicationSetup::fontFollowsTheSavedScaleUnclamped()
+{
+    const Workspace workspace;
+    QFETCH(const int, percent);
+    Workspace::saveScale(percent);
+    setUpApplication();
+    QTEST(QApplication::font().pointSize(), "pointSize");
+}
+
+void tst_ApplicationSetup::withoutASavedScaleTheFontHasTenPoints()
+{
+    const Workspace workspace;
+    setUpApplication();
+    QCOMPARE(QApplication::font().pointSize(), 10);
+}
+
+void tst_ApplicationSetup::iconComesFromTheResources()
+{
+    const Workspace workspace;
+    setUpApplication();
+    const QList<QSize> sizes = QApplication::windowIcon().availableSizes();
+    QVERIFY(sizes.contains(QSize(16, 16)));
+    QVERIFY(sizes.contains(QSize(256, 256)));
+}
+
+QTEST_MAIN(tst_ApplicationSetup)
+
+#include "tst_ApplicationSetup.moc"
