@@ -25,15 +25,19 @@ FundLedger::FundLedger(const QSqlDatabase &database, int year)
     : dateOfPayweek(database, selectDate)
 {
     QString error;
-    SqlStatement(database, selectMovements)
-        .forEachRow({year, year}, error, [this](const SqlStatement &row) {
-            const QString kind = row.text(0);
-            const QString name = row.text(1);
-            const double amount = row.number(2);
-            movements.append({row.integer(3), row.text(4),
-                              emergencyFundRules.signedAmount(kind, name, amount),
-                              performanceBondRules.signedAmount(kind, name, amount)});
-        });
+    const bool read =
+        SqlStatement(database, selectMovements)
+            .forEachRow({year, year}, error, [this](const SqlStatement &row) {
+                const QString kind = row.text(0);
+                const QString name = row.text(1);
+                const double amount = row.number(2);
+                movements.append({row.integer(3), row.text(4),
+                                  emergencyFundRules.signedAmount(kind, name, amount),
+                                  performanceBondRules.signedAmount(kind, name, amount)});
+            });
+    // Part of the movements would pass for a balance; the single payweek has none then either.
+    if (!read)
+        movements.clear();
 }
 
 FundLedger::Balance FundLedger::through(const QString &payweek, int payweekYear)

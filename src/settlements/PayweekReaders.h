@@ -4,9 +4,8 @@
 #include "data/SqlStatement.h"
 #include "settlements/PayweekRecords.h"
 
-#include <QDate>
-
-#include <vector>
+#include <initializer_list>
+#include <utility>
 
 /// The statements of one payweek, each prepared once and run for week after week. Results are
 /// zeroed first; on failure a reader returns false with the driver's text in `error`, and what was

@@ -91,9 +91,10 @@ public:
     bool operator<(const QTableWidgetItem &other) const override
     {
         const auto *cell = dynamic_cast<const Cell *>(&other);
-        if (cell && number && cell->number)
-            return *number < *cell->number;
-        return QTableWidgetItem::operator<(other);
+        if (!cell || (!number && !cell->number))
+            return QTableWidgetItem::operator<(other);
+        // Text among numbers needs one place: compared with each as text, 9 < 10 < 5x < 9.
+        return number && (!cell->number || *number < *cell->number);
     }
 
 private:

@@ -46,13 +46,6 @@ QLabel *captionOf(QWidget *widget, const QString &text)
 
 ViewPayweekPage::ViewPayweekPage(QWidget *parent)
     : QWidget(parent)
-    , payweekBox(new QComboBox(this))
-    , note(new QLabel(tr("Open trips.db and choose a payweek."), this))
-    , summary(new QTextEdit(this))
-    , tripTable(
-          PayweekTables::makeTable(u"payweekTrips"_s, tr("Trips in Selected Payweek"), 260, this))
-    , itemTable(
-          PayweekTables::makeTable(u"payweekItems"_s, tr("Non-Trip Settlement Items"), 220, this))
 {
     setObjectName(u"viewPayweekPage"_s);
     buildLayout();
@@ -64,28 +57,19 @@ ViewPayweekPage::~ViewPayweekPage()
     DatabaseLocator::releaseNamedConnection(database, connectionName);
 }
 
+// Tab goes through the parts of the page in the order in which they are made: from top to bottom.
 void ViewPayweekPage::buildLayout()
 {
-    note->setObjectName(u"payweekNote"_s);
-    note->setWordWrap(true);
-    summary->setObjectName(u"payweekSummary"_s);
-    summary->setAccessibleName(tr("Payweek summary"));
-    summary->setReadOnly(true);
-    summary->setTabChangesFocus(true);
-    summary->setMinimumHeight(170);
-
     auto *inner = new QWidget(this);
     auto *sections = new QVBoxLayout(inner);
     sections->setContentsMargins(12, 12, 12, 12);
     sections->setSpacing(10);
-    sections->addWidget(titleLabel(tr("View Payweek"), this));
+    sections->addWidget(titleLabel(tr("View Payweek"), inner));
     sections->addLayout(buildActions());
-    sections->addWidget(note);
-    sections->addWidget(summary);
-    sections->addWidget(captionOf(tripTable, tr("Trips in Selected Payweek")));
-    sections->addWidget(tripTable);
-    sections->addWidget(captionOf(itemTable, tr("Non-Trip Settlement Items")));
-    sections->addWidget(itemTable);
+    sections->addWidget(buildNote());
+    sections->addWidget(buildSummary());
+    tripTable = addTable(sections, u"payweekTrips"_s, tr("Trips in Selected Payweek"), 260);
+    itemTable = addTable(sections, u"payweekItems"_s, tr("Non-Trip Settlement Items"), 220);
     sections->addStretch();
 
     auto *scrolled = new QScrollArea(this);
@@ -102,12 +86,13 @@ QHBoxLayout *ViewPayweekPage::buildActions()
     auto *open = new QPushButton(tr("Open trips.db"), this);
     open->setObjectName(u"openPayweekTripsButton"_s);
     connect(open, &QPushButton::clicked, this, &ViewPayweekPage::browseForDatabase);
-    auto *refreshButton = new QPushButton(tr("Refresh"), this);
-    refreshButton->setObjectName(u"refreshPayweekButton"_s);
-    connect(refreshButton, &QPushButton::clicked, this, &ViewPayweekPage::refresh);
+    payweekBox = new QComboBox(this);
     payweekBox->setObjectName(u"payweekBox"_s);
     payweekBox->setMinimumWidth(160);
     guardFromWheel(payweekBox);
+    auto *refreshButton = new QPushButton(tr("Refresh"), this);
+    refreshButton->setObjectName(u"refreshPayweekButton"_s);
+    connect(refreshButton, &QPushButton::clicked, this, &ViewPayweekPage::refresh);
 
     auto *row = new QHBoxLayout;
     row->addWidget(open);
@@ -116,6 +101,34 @@ QHBoxLayout *ViewPayweekPage::buildActions()
     row->addWidget(refreshButton);
     row->addStretch();
     return row;
+}
+
+QLabel *ViewPayweekPage::buildNote()
+{
+    note = new QLabel(tr("Open trips.db and choose a payweek."), this);
+    note->setObjectName(u"payweekNote"_s);
+    note->setWordWrap(true);
+    return note;
+}
+
+QTextEdit *ViewPayweekPage::buildSummary()
+{
+    summary = new QTextEdit(this);
+    summary->setObjectName(u"payweekSummary"_s);
+    summary->setAccessibleName(tr("Payweek summary"));
+    summary->setReadOnly(true);
+    summary->setTabChangesFocus(true);
+    summary->setMinimumHeight(170);
+    return summary;
+}
+
+QTableWidget *ViewPayweekPage::addTable(QVBoxLayout *sections, const QString &objectName,
+                                        const QString &caption, int minimumHeight)
+{
+    QTableWidget *table = PayweekTables::makeTable(objectName, caption, minimumHeight, this);
+    sections->addWidget(captionOf(table, caption));
+    sections->addWidget(table);
+    return table;
 }
 
 void ViewPayweekPage::connectWidgets()

@@ -13,6 +13,7 @@ class QHBoxLayout;
 class QLabel;
 class QTableWidget;
 class QTextEdit;
+class QVBoxLayout;
 
 /// One payweek as a whole: its report, its trips and its settlement items. It writes nothing to
 /// the database and keeps nothing between loads but the selected payweek.
@@ -45,6 +46,10 @@ public:
 private:
     void buildLayout();
     QHBoxLayout *buildActions();
+    QLabel *buildNote();
+    QTextEdit *buildSummary();
+    QTableWidget *addTable(QVBoxLayout *sections, const QString &objectName, const QString &caption,
+                           int minimumHeight);
     void connectWidgets();
 
     void browseForDatabase();
@@ -58,9 +63,9 @@ private:
     void report(const QString &text) const;
 
     QSqlDatabase database;
-    QComboBox *payweekBox;
-    QLabel *note;
-    QTextEdit *summary;
-    QTableWidget *tripTable;
-    QTableWidget *itemTable;
+    QComboBox *payweekBox = nullptr;
+    QLabel *note = nullptr;
+    QTextEdit *summary = nullptr;
+    QTableWidget *tripTable = nullptr;
+    QTableWidget *itemTable = nullptr;
 };

@@ -1,0 +1,292 @@
+#include "settlements/PayweekTables.h"
+#include "support/Person.h"
+#include "support/TableReaders.h"
+#include "support/Workspace.h"
+
+#include <QHeaderView>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A trip as the repository hands it over.
+QStringList tripRow(const QString &id, const QString &number, const QString &revenue = u"0"_s)
+{
+    return {id, number, u"01/02/2026"_s, u"600"_s, revenue, u"0"_s, u"0"_s, u"0"_s, u"0"_s, u"0"_s};
+}
+
+QList<QStringList> tripsEarning(const QStringList &revenues)
+{
+    QList<QStringList> rows;
+    for (const QString &revenue : revenues)
+        rows.append(tripRow(QString::number(rows.size() + 1), u"T"_s, revenue));
+    return rows;
+}
+
+QList<QStringList> itemsOf(const QStringList &amounts)
+{
+    QList<QStringList> rows;
+    for (const QString &amount : amounts)
+        rows.append(
+            {QString::number(rows.size() + 8), u"01/02/2026"_s, u"expense"_s, u"Permit"_s, amount});
+    return rows;
+}
+
+/// One of the tables in a window.
+class Table
+{
+public:
+    Table()
+    {
+        window.resize(1280, 800);
+        widget->resize(1200, 400);
+        Person::shows(window);
+    }
+
+    QWidget window;
+    QTableWidget *widget =
+        PayweekTables::makeTable(u"payweekTrips"_s, u"Trips in Selected Payweek"_s, 260, &window);
+};
+
+const QString sortable = u" \u2195"_s;
+const QStringList tripHeaders = {u"Trip #"_s, u"Payweek"_s, u"Miles"_s, u"Revenue"_s, u"Cost"_s,
+                                 u"Net"_s,    u"CPM"_s,     u"Hours"_s, u"Net/Hour"_s};
+
+QStringList plainHeaders(const QTableWidget *table)
+{
+    return headers(table).replaceInStrings(sortable, QString());
+}
+
+} // namespace
+
+class tst_PayweekTables : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void tableSelectsOneWholeRowAndIsReadOnly()
+    {
+        const Workspace workspace;
+        const Table table;
+        QCOMPARE(table.widget->objectName(), u"payweekTrips"_s);
+        QCOMPARE(table.widget->accessibleName(), u"Trips in Selected Payweek"_s);
+        QCOMPARE(table.widget->minimumHeight(), 260);
+        QCOMPARE(table.widget->selectionBehavior(), QTableWidget::SelectRows);
+        QCOMPARE(table.widget->selectionMode(), QTableWidget::SingleSelection);
+        QCOMPARE(table.widget->editTriggers(), QTableWidget::NoEditTriggers);
+    }
+
+    void tripShowsDollarsGroupedWithTheirUnits()
+    {
+        const Workspace workspace;
+        const Table table;
+        PayweekTables::showTrips(table.widget,
+                                 {{u"7"_s, u"4471203"_s, u"01/02/2026"_s, u"1600"_s, u"1234.5"_s,
+                                   u"2000"_s, u"-765.5"_s, u"1.25"_s, u"10.5"_s, u"-72.9"_s}});
+        QCOMPARE(texts(table.widget),
+                 QList<QStringList>(
+                     {{u"4471203"_s, u"01/02/2026"_s, u"1600"_s, u"$1,234.50"_s, u"$2,000.00"_s,
+                       u"-$765.50"_s, u"$1.25/mi"_s, u"10.5"_s, u"-$72.90/hr"_s}}));
+        QCOMPARE(plainHeaders(table.widget), tripHeaders);
+        QVERIFY(table.widget->horizontalHeader()->stretchLastSection());
+    }
+
+    void itemShowsItsAmountGrouped()
+    {
+        const Workspace workspace;
+        const Table table;
+        PayweekTables::showItems(table.widget,
+                                 {{u"12"_s, u"01/02/2026"_s, u"other"_s, u"1200"_s, u"1200"_s}});
+        QCOMPARE(texts(table.widget), QList<QStringList>({{u"12"_s, u"01/02/2026"_s, u"other"_s,
+                                                           u"1200"_s, u"$1,200.00"_s}}));
+        QCOMPARE(plainHeaders(table.widget),
+                 QStringList({u"ID"_s, u"Payweek"_s, u"Kind"_s, u"Name"_s, u"Amount"_s}));
+        QVERIFY(table.widget->horizontalHeader()->stretchLastSection());
+    }
+
+    void amountIsReadFromWhateverStandsInTheFile_data()
+    {
+        QTest::addColumn<QString>("raw");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("number") << u"12"_s << u"$12.00"_s;
+        QTest::newRow("dollars") << u" $1,234.50 "_s << u"$1,234.50"_s;
+        QTest::newRow("sign ahead") << u"-$3"_s << u"-$3.00"_s;
+        QTest::newRow("sign behind the dollar") << u"$-3"_s << u"-$3.00"_s;
+        QTest::newRow("by the mile") << u"1.25/mi"_s << u"$1.25"_s;
+        QTest::newRow("by the hour") << u"31.25 /HR"_s << u"$31.25"_s;
+        QTest::newRow("miles") << u"600 Mi"_s << u"$600.00"_s;
+        QTest::newRow("hours") << u"10hr"_s << u"$10.00"_s;
+        QTest::newRow("exponent") << u"1e3"_s << u"$1,000.00"_s;
+        QTest::newRow("negative zero") << u"-0"_s << u"$0.00"_s;
+        QTest::newRow("a fraction of a cent below zero") << u"-0.001"_s << u"-$0.00"_s;
+        QTest::newRow("word") << u"abc"_s << u"abc"_s;
+        QTest::newRow("word with blanks") << u" n/a "_s << u" n/a "_s;
+        QTest::newRow("range") << u"1.25 - 1.50"_s << u"1.25 - 1.50"_s;
+        QTest::newRow("another currency") << u"12 EUR"_s << u"12 EUR"_s;
+        QTest::newRow("NULL") << u""_s << u""_s;
+        QTest::newRow("dollar sign alone") << u"$"_s << u"$"_s;
+    }
+
+    void amountIsReadFromWhateverStandsInTheFile()
+    {
+        QFETCH(const QString, raw);
+        QFETCH(const QString, shown);
+        const Workspace workspace;
+        const Table table;
+        PayweekTables::showItems(table.widget, itemsOf({raw}));
+        QCOMPARE(column(table.widget, u"Amount"_s), QStringList({shown}));
+        QCOMPARE(table.widget->item(0, 4)->data(PayweekTables::rawTextRole).toString(), raw);
+    }
+
+    void everyCellKeepsItsRawText()
+    {
+        const Workspace workspace;
+        const Table table;
+        const QStringList row = {u"7"_s,         u" 44 "_s,   u"01/02/2026"_s, u"1,600"_s,
+                                 u"$1,234.50"_s, u"2000.0"_s, u"abc"_s,        u"1.25/mi"_s,
+                                 u""_s,          u"9"_s};
+        PayweekTables::showTrips(table.widget, {row});
+        QStringList raw;
+        for (int i = 0; i < table.widget->columnCount(); ++i)
+            raw.append(table.widget->item(0, i)->data(PayweekTables::rawTextRole).toString());
+        QCOMPARE(raw, row.mid(1));
+        QCOMPARE(column(table.widget, u"Miles"_s), QStringList({u"1,600"_s}));
+        QCOMPARE(column(table.widget, u"Net"_s), QStringList({u"abc"_s}));
+        QCOMPARE(column(table.widget, u"CPM"_s), QStringList({u"$1.25/mi"_s}));
+    }
+
+    void tripNumberLooksLikeALink()
+    {
+        const Workspace workspace;
+        const Table table;
+        PayweekTables::showTrips(table.widget, {tripRow(u"7"_s, u"4471203"_s)});
+        const QTableWidgetItem *link = table.widget->item(0, PayweekTables::TripNoColumn);
+        QVERIFY(link->font().underline());
+        QCOMPARE(link->foreground().color(), QColor(0, 102, 204, 255));
+        QCOMPARE(link->toolTip(), u"Open this trip on the Trips page"_s);
+        const QTableWidgetItem *other = table.widget->item(0, 1);
+        QVERIFY(!other->font().underline());
+        QCOMPARE(other->toolTip(), QString());
+        QVERIFY(!other->data(PayweekTables::tripIdRole).isValid());
+    }
+
+    void itemsHaveNoLinks()
+    {
+        const Workspace workspace;
+        const Table table;
+        PayweekTables::showItems(table.widget, itemsOf({u"1"_s}));
+        QVERIFY(!table.widget->item(0, 0)->font().underline());
+        QCOMPARE(table.widget->item(0, 0)->toolTip(), QString());
+    }
+
+    void linkKeepsTheTripsId_data()
+    {
+        QTest::addColumn<QStringList>("row");
+        QTest::addColumn<int>("id");
+        QTest::newRow("id") << tripRow(u"7"_s, u"44"_s) << 7;
+        QTest::newRow("blanks around") << tripRow(u" 7 "_s, u"44"_s) << 7;
+        QTest::newRow("below zero") << tripRow(u"-7"_s, u"44"_s) << -7;
+        QTest::newRow("no number") << tripRow(u"seven"_s, u"44"_s) << 0;
+        QTest::newRow("blank") << tripRow(u""_s, u"44"_s) << 0;
+        QTest::newRow("a row of nothing") << QStringList() << 0;
+    }
+
+    void linkKeepsTheTripsId()
+    {
+        QFETCH(const QStringList, row);
+        QFETCH(const int, id);
+        const Workspace workspace;
+        const Table table;
+        PayweekTables::showTrips(table.widget, {row});
+        const QVariant kept = table.widget->item(0, 0)->data(PayweekTables::tripIdRole);
+        QCOMPARE(kept.typeId(), int(QMetaType::Int));
+        QCOMPARE(kept.toInt(), id);
+    }
+
+    void numbersStandToTheRight()
+    {
+        const Workspace workspace;
+        const Table table;
+        PayweekTables::showTrips(table.widget, {tripRow(u"1"_s, u"44"_s)});
+        QVERIFY(!(table.widget->item(0, 0)->textAlignment() & Qt::AlignRight));
+        QVERIFY(table.widget->item(0, 2)->textAlignment() & Qt::AlignRight);
+        QVERIFY(table.widget->item(0, 3)->textAlignment() & Qt::AlignRight);
+    }
+
+    void dollarsSortAsNumbers()
+    {
+        const Workspace workspace;
+        const Table table;
+        PayweekTables::showTrips(table.widget, tripsEarning({u"900"_s, u"$10,000"_s, u"-5"_s}));
+        Person::clicksHeader(table.widget, 3);
+        QCOMPARE(column(table.widget, u"Revenue"_s),
+                 QStringList({u"-$5.00"_s, u"$900.00"_s, u"$10,000.00"_s}));
+        Person::clicksHeader(table.widget, 3);
+        QCOMPARE(column(table.widget, u"Revenue"_s),
+                 QStringList({u"$10,000.00"_s, u"$900.00"_s, u"-$5.00"_s}));
+    }
+
+    void idsSortAsNumbersAndNamesAsText()
+    {
+        const Workspace workspace;
+        const Table table;
+        PayweekTables::showItems(table.widget, itemsOf({u"1"_s, u"2"_s, u"3"_s}));
+        Person::clicksHeader(table.widget, 0);
+        Person::clicksHeader(table.widget, 0);
+        QCOMPARE(column(table.widget, u"ID"_s), QStringList({u"10"_s, u"9"_s, u"8"_s}));
+        table.widget->item(0, 3)->setText(u"9"_s);
+        table.widget->item(1, 3)->setText(u"10"_s);
+        Person::clicksHeader(table.widget, 3);
+        QCOMPARE(column(table.widget, u"Name"_s), QStringList({u"10"_s, u"9"_s, u"Permit"_s}));
+    }
+
+    void textAmongNumbersStandsBehindThem()
+    {
+        const Workspace workspace;
+        const Table table;
+        PayweekTables::showItems(table.widget, itemsOf({u"#5"_s, u"10"_s, u""_s, u"9"_s, u"5x"_s}));
+        Person::clicksHeader(table.widget, 4);
+        QCOMPARE(column(table.widget, u"Amount"_s),
+                 QStringList({u"$9.00"_s, u"$10.00"_s, u""_s, u"#5"_s, u"5x"_s}));
+    }
+
+    void sortStaysOverARefill()
+    {
+        const Workspace workspace;
+        const Table table;
+        PayweekTables::showTrips(table.widget, tripsEarning({u"1"_s, u"2"_s}));
+        Person::clicksHeader(table.widget, 3);
+        Person::clicksHeader(table.widget, 3);
+        PayweekTables::clear(table.widget);
+        PayweekTables::showTrips(table.widget, tripsEarning({u"20"_s, u"100"_s, u"3"_s}));
+        QCOMPARE(column(table.widget, u"Revenue"_s),
+                 QStringList({u"$100.00"_s, u"$20.00"_s, u"$3.00"_s}));
+        QCOMPARE(headers(table.widget).at(3), u"Revenue \u25BC"_s);
+        // The link goes where its row goes.
+        QCOMPARE(table.widget->item(0, 0)->data(PayweekTables::tripIdRole).toInt(), 2);
+    }
+
+    void tableWithoutRowsHasItsHeaders()
+    {
+        const Workspace workspace;
+        const Table table;
+        PayweekTables::showTrips(table.widget, {});
+        QCOMPARE(table.widget->rowCount(), 0);
+        QCOMPARE(plainHeaders(table.widget), tripHeaders);
+        QVERIFY(table.widget->updatesEnabled());
+    }
+
+    void clearedTableHoldsNothing()
+    {
+        const Workspace workspace;
+        const Table table;
+        PayweekTables::showTrips(table.widget, tripsEarning({u"1"_s, u"2"_s}));
+        PayweekTables::clear(table.widget);
+        QCOMPARE(table.widget->rowCount(), 0);
+        QCOMPARE(table.widget->columnCount(), 0);
+    }
+};
+
+QTEST_MAIN(tst_PayweekTables)
+#include "tst_PayweekTables.moc"
