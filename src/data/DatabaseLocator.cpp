@@ -123,6 +123,12 @@ void closeAllSqliteConnections()
     }
 }
 
+bool isTripsDatabaseOpen(const QSqlDatabase &database, QString &error)
+{
+    error = database.isOpen() ? QString() : u"Trips database is not open."_s;
+    return error.isEmpty();
+}
+
 QSqlDatabase openTripsDatabaseConnection(const QString &connectionName, QString &error)
 {
     return openForOneCall(connectionName, currentTripsDatabasePath(),

@@ -39,6 +39,10 @@ void releaseNamedConnection(QSqlDatabase &handle, const QString &connectionName)
 /// that pages hold read as closed.
 void closeAllSqliteConnections();
 
+/// Whether the connection that a page lends to a repository is open; if not, `error` says
+/// "Trips database is not open.", else it is cleared.
+bool isTripsDatabaseOpen(const QSqlDatabase &database, QString &error);
+
 /// Opens a new connection to currentTripsDatabasePath(), replacing `connectionName` if it is
 /// registered. Gives an invalid handle, with the reason in `error`, if there is no such file or
 /// it does not open.

@@ -1,5 +1,6 @@
 // The walk through the earlier payweeks of a year.
 
+#include "data/DatabaseLocator.h"
 #include "settlements/CarryoverRules.h"
 #include "settlements/FundLedger.h"
 #include "settlements/PayweekReaders.h"
@@ -100,14 +101,13 @@ bool loadPayweekCarryover(const QSqlDatabase &database, const PayweekKey &paywee
                           PayweekCarryoverSummary &result, QString &error)
 {
     result = {};
-    error.clear();
     const PayweekKey key = payweek.trimmed();
-    if (!database.isOpen())
-        error = u"Trips database is not open."_s;
-    else if (key.isEmpty())
-        error = u"Payweek is blank."_s;
-    if (!error.isEmpty())
+    if (!DatabaseLocator::isTripsDatabaseOpen(database, error))
         return false;
+    if (key.isEmpty()) {
+        error = u"Payweek is blank."_s;
+        return false;
+    }
 
     result.settlementYear = yearOf(key);
     result.apr = loadPayweekApr(database, key);

@@ -1,5 +1,6 @@
 #include "settlements/PayweekRepository.h"
 
+#include "data/DatabaseLocator.h"
 #include "data/MoneyText.h"
 #include "data/SqlStatement.h"
 #include "settlements/PayweekReaders.h"
@@ -50,17 +51,9 @@ WHERE TRIM(COALESCE(t.payweek,'')) = ?
 GROUP BY TRIM(COALESCE(tdi.item_type,''))
 ORDER BY tdi.item_type COLLATE NOCASE)"_L1;
 
-bool isOpen(const QSqlDatabase &database, QString &error)
-{
-    error.clear();
-    if (!database.isOpen())
-        error = u"Trips database is not open."_s;
-    return error.isEmpty();
-}
-
 bool isOpenFor(const PayweekKey &payweek, const QSqlDatabase &database, QString &error)
 {
-    if (!isOpen(database, error))
+    if (!DatabaseLocator::isTripsDatabaseOpen(database, error))
         return false;
     if (payweek.trimmed().isEmpty())
         error = u"Payweek is blank."_s;
@@ -125,7 +118,8 @@ void addFuelGroup(const SqlStatement &row, PayweekFuelAnalytics &analytics,
 bool listPayweeks(const QSqlDatabase &database, QStringList &keys, QString &error)
 {
     keys.clear();
-    if (!isOpen(database, error) || !readKeys(database, selectPayweeks, keys, error))
+    if (!DatabaseLocator::isTripsDatabaseOpen(database, error)
+        || !readKeys(database, selectPayweeks, keys, error))
         return false;
     DomainRules::sortPayweeksNewestFirst(keys);
     return true;
@@ -136,7 +130,7 @@ bool loadPayweekTrips(const QSqlDatabase &database, const PayweekKey &payweek,
 {
     rows.clear();
     totals = {};
-    return isOpen(database, error)
+    return DatabaseLocator::isTripsDatabaseOpen(database, error)
            && PayweekTripsReader(database).load(payweek, &rows, totals, error);
 }
 
@@ -146,7 +140,7 @@ bool loadPayweekSettlementItems(const QSqlDatabase &database, const PayweekKey &
 {
     rows.clear();
     totals = {};
-    return isOpen(database, error)
+    return DatabaseLocator::isTripsDatabaseOpen(database, error)
            && PayweekItemsReader(database).load(payweek, &rows, totals, error);
 }
 
@@ -193,7 +187,7 @@ bool loadPayweekFuelAnalytics(const QSqlDatabase &database, const PayweekKey &pa
 bool listCarryoverPayweeks(const QSqlDatabase &database, QStringList &keys, QString &error)
 {
     keys.clear();
-    return isOpen(database, error)
+    return DatabaseLocator::isTripsDatabaseOpen(database, error)
            && readKeys(database, selectPayweeks + QString(selectCarryoverPayweeks), keys, error);
 }
 

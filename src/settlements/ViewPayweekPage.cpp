@@ -1,5 +1,6 @@
 #include "settlements/ViewPayweekPage.h"
 
+#include "app/PageParts.h"
 #include "app/WheelGuard.h"
 #include "data/DatabaseLocator.h"
 #include "data/DomainRules.h"
@@ -9,11 +10,9 @@
 
 #include <QBoxLayout>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QSignalBlocker>
 #include <QTableWidget>
 #include <QTextEdit>
@@ -71,14 +70,7 @@ void ViewPayweekPage::buildLayout()
     tripTable = addTable(sections, u"payweekTrips"_s, tr("Trips in Selected Payweek"), 260);
     itemTable = addTable(sections, u"payweekItems"_s, tr("Non-Trip Settlement Items"), 220);
     sections->addStretch();
-
-    auto *scrolled = new QScrollArea(this);
-    scrolled->setWidgetResizable(true);
-    scrolled->setFrameShape(QFrame::NoFrame);
-    scrolled->setWidget(inner);
-    auto *outer = new QVBoxLayout(this);
-    outer->setContentsMargins(0, 0, 0, 0);
-    outer->addWidget(scrolled);
+    PageParts::fillScrolling(this, inner);
 }
 
 QHBoxLayout *ViewPayweekPage::buildActions()
@@ -151,8 +143,7 @@ void ViewPayweekPage::openDatabase(const QString &path)
 
 void ViewPayweekPage::browseForDatabase()
 {
-    const QString path = QFileDialog::getOpenFileName(
-        this, tr("Open trips.db"), {}, tr("SQLite Database (*.db);;All Files (*.*)"));
+    const QString path = PageParts::askForDatabase(this, tr("Open trips.db"));
     if (!path.isEmpty())
         openDatabase(path);
 }

@@ -1,5 +1,6 @@
 #include "trips/TripsPage.h"
 
+#include "app/PageParts.h"
 #include "app/UiScale.h"
 #include "app/WheelGuard.h"
 #include "data/DatabaseLocator.h"
@@ -12,11 +13,9 @@
 
 #include <QBoxLayout>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -81,14 +80,7 @@ void TripsPage::buildLayout()
     sections->addWidget(form, 1);
     details = new DetailsPane(inner);
     sections->addWidget(details);
-
-    auto *scrolled = new QScrollArea(this);
-    scrolled->setWidgetResizable(true);
-    scrolled->setFrameShape(QFrame::NoFrame);
-    scrolled->setWidget(inner);
-    auto *outer = new QVBoxLayout(this);
-    outer->setContentsMargins(0, 0, 0, 0);
-    outer->addWidget(scrolled);
+    PageParts::fillScrolling(this, inner);
 }
 
 QHBoxLayout *TripsPage::buildActions()
@@ -181,8 +173,7 @@ void TripsPage::bringFileUpToDate()
 
 void TripsPage::browseForDatabase()
 {
-    const QString path = QFileDialog::getOpenFileName(
-        this, tr("Open trips.db"), {}, tr("SQLite Database (*.db);;All Files (*.*)"));
+    const QString path = PageParts::askForDatabase(this, tr("Open trips.db"));
     if (!path.isEmpty())
         openDatabase(path);
 }

@@ -1,5 +1,6 @@
 #include "trips/TripsRepository.h"
 
+#include "data/DatabaseLocator.h"
 #include "data/DomainRules.h"
 
 #include <array>
@@ -85,14 +86,6 @@ constexpr std::array deleteSteps = {
                "Could not delete fuel/detail rows"_L1},
     DeleteStep{"DELETE FROM trips WHERE id = ?"_L1, "Could not delete trip"_L1},
 };
-
-bool isOpen(const QSqlDatabase &database, QString &error)
-{
-    error.clear();
-    if (!database.isOpen())
-        error = u"Trips database is not open."_s;
-    return error.isEmpty();
-}
 
 // Only these names are ever set into a statement as text.
 bool isItemTable(const QString &table)
@@ -180,14 +173,15 @@ bool ensureStopWindowColumns(const QSqlDatabase &database, QString &error)
 bool listTripPayweeks(const QSqlDatabase &database, QStringList &payweeks, QString &error)
 {
     payweeks.clear();
-    return isOpen(database, error) && readTexts(database, selectPayweeks, payweeks, error);
+    return DatabaseLocator::isTripsDatabaseOpen(database, error)
+           && readTexts(database, selectPayweeks, payweeks, error);
 }
 
 bool loadTrips(const QSqlDatabase &database, const QString &payweekFilter, QList<QStringList> &rows,
                QString &error, const std::function<void(QStringList &row)> &complete)
 {
     rows.clear();
-    if (!isOpen(database, error))
+    if (!DatabaseLocator::isTripsDatabaseOpen(database, error))
         return false;
     const QString payweek = payweekFilter.trimmed();
     const bool all = payweek.isEmpty() || payweekFilter == "All Payweeks"_L1;
@@ -205,7 +199,7 @@ bool listItemNames(const QSqlDatabase &database, const QString &table, QStringLi
                    QString &error)
 {
     names.clear();
-    if (!isOpen(database, error))
+    if (!DatabaseLocator::isTripsDatabaseOpen(database, error))
         return false;
     if (!isItemTable(table)) {
         error = u"Unsupported item history table."_s;
@@ -218,7 +212,7 @@ double itemTotal(const QSqlDatabase &database, const QString &table, int tripId)
 {
     QVariant total;
     QString error;
-    if (tripId > 0 && isItemTable(table) && isOpen(database, error))
+    if (tripId > 0 && isItemTable(table) && DatabaseLocator::isTripsDatabaseOpen(database, error))
         SqlStatement(database, QString(selectItemTotal).arg(table))
             .firstValue({tripId}, total, error);
     return total.toDouble();

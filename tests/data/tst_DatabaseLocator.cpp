@@ -95,6 +95,17 @@ private Q_SLOTS:
         QCOMPARE(program.findsTrips(), QString());
     }
 
+    void aLentConnectionIsOpenOrSaysThatItIsNot()
+    {
+        Workspace workspace;
+        const TestConnection trips(workspace.makeTrips());
+        QString error = u"an older error"_s;
+        QVERIFY(isTripsDatabaseOpen(trips.database(), error));
+        QCOMPARE(error, QString());
+        QVERIFY(!isTripsDatabaseOpen({}, error));
+        QCOMPARE(error, u"Trips database is not open."_s);
+    }
+
     void aFolderOfThatNameCountsAsFound()
     {
         const Workspace workspace;
