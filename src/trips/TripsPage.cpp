@@ -100,6 +100,7 @@ QHBoxLayout *TripsPage::buildActions()
     auto *filterLabel = new QLabel(tr("Payweek:"), this);
     filterLabel->setBuddy(payweekFilter);
     payweekFilter->setObjectName(u"payweekFilter"_s);
+    payweekFilter->setMinimumWidth(leastFilterWidth);
     payweekFilter->addItem(tr("All Payweeks"));
     guardFromWheel(payweekFilter);
     row->addWidget(filterLabel);
@@ -135,6 +136,7 @@ void TripsPage::applyUiScale(int percent)
     list->setMinimumHeight(std::max(
         TripList::leastHeight, TripList::leastHeight * UiScale::clampedPercent(percent) / 100));
     details->setFont(pageFont);
+    // The hint is that of the content alone, without the minimum set here before.
     payweekFilter->setMinimumWidth(
         std::max(leastFilterWidth, payweekFilter->minimumSizeHint().width()));
     updateGeometry();

@@ -11,17 +11,13 @@ namespace TripsRepository {
 
 namespace {
 
-constexpr auto createTripDetailItems = R"(
-CREATE TABLE IF NOT EXISTS trip_detail_items (
-  id INTEGER PRIMARY KEY AUTOINCREMENT,
-  trip_id INTEGER NOT NULL,
-  group_name TEXT NOT NULL DEFAULT '',
-  item_type TEXT NOT NULL DEFAULT '',
-  cost REAL NOT NULL DEFAULT 0,
-  discount REAL NOT NULL DEFAULT 0,
-  gallons REAL NOT NULL DEFAULT 0,
-  created_at TEXT NOT NULL DEFAULT '',
-  FOREIGN KEY(trip_id) REFERENCES trips(id)))"_L1;
+// SQLite keeps this text in the file as it stands here, so it has no line breaks.
+constexpr auto createTripDetailItems =
+    "CREATE TABLE IF NOT EXISTS trip_detail_items (id INTEGER PRIMARY KEY AUTOINCREMENT, "
+    "trip_id INTEGER NOT NULL, group_name TEXT NOT NULL DEFAULT '', "
+    "item_type TEXT NOT NULL DEFAULT '', cost REAL NOT NULL DEFAULT 0, "
+    "discount REAL NOT NULL DEFAULT 0, gallons REAL NOT NULL DEFAULT 0, "
+    "created_at TEXT NOT NULL DEFAULT '', FOREIGN KEY(trip_id) REFERENCES trips(id))"_L1;
 
 constexpr auto selectPayweeks = R"(
 SELECT DISTINCT TRIM(COALESCE(payweek,'')) AS pw

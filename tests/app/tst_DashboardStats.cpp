@@ -128,6 +128,25 @@ private Q_SLOTS:
         QCOMPARE(workspace.bytes(u"trips.db"_s), QByteArray());
     }
 
+    void eachFigureHasAConnectionNameOfItsOwn()
+    {
+        const Workspace workspace;
+        QVERIFY(QDir().mkdir(workspace.path(u"trips.db"_s)));
+        QVERIFY(QDir().mkdir(workspace.path(u"locations.db"_s)));
+        DashboardStats::countTableRows(u"trips"_s);
+        DashboardStats::countLocations();
+        DashboardStats::currentPayweek();
+        DashboardStats::recentActivity();
+        // A name whose open failed is the only one that stays to be seen.
+        QStringList names = QSqlDatabase::connectionNames();
+        names.sort();
+        QCOMPARE(names,
+                 QStringList({u"dashboard_count_trips"_s, u"dashboard_current_payweek"_s,
+                              u"dashboard_locations_count"_s, u"dashboard_recent_activity"_s}));
+        for (const QString &name : std::as_const(names))
+            QSqlDatabase::removeDatabase(name);
+    }
+
     void aFailedOpenIsMadeGoodByTheNext()
     {
         Workspace workspace;

@@ -5,6 +5,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QScopeGuard>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -17,6 +18,7 @@ class tst_StartScreen : public QObject
 private Q_SLOTS:
     void sectionsStandFromTopToBottom();
     void titleAndWelcomeStandOut();
+    void onlyTextsWithoutASizeOfTheirOwnFollowTheScale();
     void captionsNameTheirValues();
     void valuesStandBesideTheirCaptions();
     void activityWrapsItsLines();
@@ -64,6 +66,21 @@ void tst_StartScreen::titleAndWelcomeStandOut()
     QVERIFY(welcome.bold());
     QCOMPARE(title.pointSize(), base + 8);
     QCOMPARE(welcome.pointSize(), base + 3);
+}
+
+void tst_StartScreen::onlyTextsWithoutASizeOfTheirOwnFollowTheScale()
+{
+    const Workspace workspace;
+    const QFont fontBefore = QApplication::font();
+    const auto restoreFont = qScopeGuard([&fontBefore] { QApplication::setFont(fontBefore); });
+    BrindlepathApp window;
+    const auto *page = window.findChild<QWidget *>(u"startPage"_s);
+    const QLabel *title = labelOf(page, u"Brindlepath Desk"_s);
+    const int titleSize = title->font().pointSize();
+    window.applyUiScale(175);
+    QCOMPARE(title->font().pointSize(), titleSize);
+    QCOMPARE(window.findChild<QLabel *>(u"startTripsValue"_s)->font().pointSize(), 17);
+    QCOMPARE(labelOf(page, u"Trips:"_s)->font().pointSize(), 17);
 }
 
 void tst_StartScreen::captionsNameTheirValues()

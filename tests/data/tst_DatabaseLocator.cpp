@@ -1,4 +1,5 @@
 #include "data/DatabaseLocator.h"
+#include "data/SqlStatement.h"
 #include "support/TestConnection.h"
 #include "support/Workspace.h"
 
@@ -93,6 +94,26 @@ private Q_SLOTS:
         const InstalledProgram program(workspace);
         workspace.makeFile(file, {});
         QCOMPARE(program.findsTrips(), QString());
+    }
+
+    void connectionsKeepSqlitesDefaults()
+    {
+        Workspace workspace;
+        const QString path = workspace.makeTrips();
+        const QString name = u"pragmas"_s;
+        QSqlDatabase database;
+        QString error;
+        QVERIFY(openNamedConnection(database, name, path, error));
+        const auto pragma = [&database](const QString &setting) {
+            QVariant value;
+            QString failure;
+            SqlStatement(database, u"PRAGMA "_s + setting).firstValue({}, value, failure);
+            return value.toString();
+        };
+        QCOMPARE(pragma(u"foreign_keys"_s), u"0"_s);
+        QCOMPARE(pragma(u"journal_mode"_s), u"delete"_s);
+        QCOMPARE(pragma(u"synchronous"_s), u"2"_s);
+        releaseNamedConnection(database, name);
     }
 
     void aLentConnectionIsOpenOrSaysThatItIsNot()

@@ -142,8 +142,9 @@ DialogRobot::Seen DialogRobot::described(const QDialog *dialog)
         seen.defaultButton = plain(box->defaultButton());
         for (const QAbstractButton *button : box->buttons())
             seen.buttons.append(plain(button));
-    } else if (qobject_cast<const QFileDialog *>(dialog)) {
+    } else if (const auto *files = qobject_cast<const QFileDialog *>(dialog)) {
         seen.kind = FileDialog;
+        seen.nameFilters = files->nameFilters();
     }
     return seen;
 }

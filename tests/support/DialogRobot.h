@@ -31,6 +31,8 @@ public:
         QString text = {};
         QStringList buttons = {};
         QString defaultButton = {};
+        /// The filters of a file dialog.
+        QStringList nameFilters = {};
     };
 
     /// What to do with an expected dialog; without a word the robot presses "OK".

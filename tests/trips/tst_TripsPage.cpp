@@ -146,6 +146,17 @@ private Q_SLOTS:
         QCOMPARE(trips.statuses, QStringList());
     }
 
+    void fileClosedFromOutsideCanBeOpenedAgain()
+    {
+        Workspace workspace;
+        const QString path = makeTwoWeeks(workspace);
+        const TripsWindow trips(path);
+        DatabaseLocator::closeAllSqliteConnections();
+        trip().no(u"4471299"_s).insert(workspace);
+        trips.page->openDatabase(path);
+        QCOMPARE(trips.list()->rowCount(), 4);
+    }
+
     void tripsThatCannotBeReadGiveTwoBoxesAndStayListed()
     {
         Workspace workspace;

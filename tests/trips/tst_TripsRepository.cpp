@@ -177,6 +177,44 @@ private Q_SLOTS:
         QCOMPARE(error, u"no such table: trip_stops Unable to execute statement"_s);
     }
 
+    // SQLite does not list a generated column, but refuses another of its name.
+    void secondWindowColumnWaitsForTheFirst()
+    {
+        Workspace workspace;
+        const TestConnection trips(workspace.makeTrips());
+        workspace.execute(u"DROP TABLE trip_stops"_s);
+        workspace.execute(u"CREATE TABLE trip_stops (id INTEGER PRIMARY KEY, trip_id INTEGER, "
+                          "has_appointment_window INTEGER AS (0) VIRTUAL)"_s);
+        QString error;
+        QVERIFY(!ensureStopWindowColumns(trips.database(), error));
+        QVERIFY(error.contains("duplicate column name: has_appointment_window"_L1));
+        QVERIFY(!columnExists(trips.database(), u"trip_stops"_s, u"appt_latest"_s, error));
+    }
+
+    void whatAnOlderFileGetsIsDeclaredInFull()
+    {
+        Workspace workspace;
+        const TestConnection trips(workspace.makeTrips());
+        workspace.execute(u"DROP TABLE trip_detail_items"_s);
+        workspace.execute(u"ALTER TABLE trip_stops DROP COLUMN has_appointment_window"_s);
+        workspace.execute(u"ALTER TABLE trip_stops DROP COLUMN appt_latest"_s);
+        QString error;
+        QVERIFY(ensureTripDetailItems(trips.database(), error));
+        QVERIFY(ensureStopWindowColumns(trips.database(), error));
+        QCOMPARE(
+            workspace.value(u"SELECT sql FROM sqlite_master WHERE name = 'trip_detail_items'"_s)
+                .toString(),
+            u"CREATE TABLE trip_detail_items (id INTEGER PRIMARY KEY AUTOINCREMENT, trip_id "
+            "INTEGER NOT NULL, group_name TEXT NOT NULL DEFAULT '', item_type TEXT NOT NULL "
+            "DEFAULT '', cost REAL NOT NULL DEFAULT 0, discount REAL NOT NULL DEFAULT 0, "
+            "gallons REAL NOT NULL DEFAULT 0, created_at TEXT NOT NULL DEFAULT '', FOREIGN "
+            "KEY(trip_id) REFERENCES trips(id))"_s);
+        QCOMPARE(workspace.rows(u"SELECT name, type, \"notnull\", dflt_value FROM "
+                                "pragma_table_info('trip_stops') ORDER BY cid DESC LIMIT 2"_s),
+                 QList<QStringList>({{u"appt_latest"_s, u"TEXT"_s, u"1"_s, u"''"_s},
+                                     {u"has_appointment_window"_s, u"INTEGER"_s, u"1"_s, u"0"_s}}));
+    }
+
     void payweeksStandInTextOrder()
     {
         Workspace workspace;

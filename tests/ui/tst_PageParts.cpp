@@ -28,6 +28,8 @@ void tst_PageParts::chosenFileIsGiven()
     QWidget page;
     robot.expectFileDialog(u"Open trips.db"_s).choose(path);
     QCOMPARE(PageParts::askForDatabase(&page, u"Open trips.db"_s), path);
+    QCOMPARE(robot.seen().constFirst().nameFilters,
+             QStringList({u"SQLite Database (*.db)"_s, u"All Files (*.*)"_s}));
 }
 
 void tst_PageParts::dismissedDialogGivesNothing()
