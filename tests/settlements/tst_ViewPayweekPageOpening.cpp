@@ -8,6 +8,8 @@
 #include <QSqlDatabase>
 #include <QTest>
 
+#include <memory>
+
 using namespace Qt::StringLiterals;
 
 /// How a file comes onto the page, and what the page is without one.
@@ -239,6 +241,60 @@ private Q_SLOTS:
             const PayweekWindow view(path);
             QVERIFY(QSqlDatabase::contains(name));
         }
+        QVERIFY(!QSqlDatabase::contains(name));
+    }
+
+    void fileClosedFromOutsideCanBeOpenedAgain()
+    {
+        Workspace workspace;
+        const QString path = workspace.makeTrips();
+        insertWorkedWeeks(workspace);
+        const PayweekWindow view(path);
+        DatabaseLocator::closeAllSqliteConnections();
+        view.page->openDatabase(path);
+        QCOMPARE(view.announced, QStringList({u"01/16/2026"_s}));
+        QCOMPARE(view.tableSizes(), QList<int>({1, 9, 2, 5}));
+    }
+
+    void anotherFileKeepsThePayweekIfItHasIt()
+    {
+        Workspace workspace;
+        const QString path = workspace.makeTrips();
+        insertWorkedWeeks(workspace);
+        const QString copy = workspace.makeFile(u"copy.db"_s, workspace.bytes(u"trips.db"_s));
+        const PayweekWindow view(path);
+        view.chooses(u"01/09/2026"_s);
+        view.page->openDatabase(copy);
+        QCOMPARE(view.note(), u"Opened: "_s + copy);
+        QCOMPARE(view.page->currentPayweek(), u"01/09/2026"_s);
+    }
+
+    void pageThatGoesTellsNoOne()
+    {
+        Workspace workspace;
+        const QString path = workspace.makeTrips();
+        insertWorkedWeeks(workspace);
+        QStringList told;
+        auto page = std::make_unique<ViewPayweekPage>();
+        page->openDatabase(path);
+        page->statusCallback = [&told](const QString &text) { told.append(text); };
+        page->payweekChangedCallback = [&told](const QString &week) { told.append(week); };
+        page->openTripCallback = [&told](int, const QString &number) { told.append(number); };
+        page.reset();
+        QCOMPARE(told, QStringList());
+    }
+
+    void pageThatFailedToOpenUnregistersItsConnection()
+    {
+        const Workspace workspace;
+        DialogRobot robot;
+        const QString name = u"view_payweek_trips_connection"_s;
+        auto page = std::make_unique<ViewPayweekPage>();
+        robot.expectContaining(DialogRobot::Critical, u"Database Error"_s,
+                               u"unable to open database file"_s);
+        page->openDatabase(u"no such folder/trips.db"_s);
+        QVERIFY(QSqlDatabase::contains(name));
+        page.reset();
         QVERIFY(!QSqlDatabase::contains(name));
     }
 
