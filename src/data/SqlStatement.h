@@ -48,6 +48,9 @@ public:
     /// The row id of the last INSERT.
     [[nodiscard]] QVariant lastInsertId() const { return query.lastInsertId(); }
 
+    /// How many rows the last INSERT, UPDATE or DELETE touched.
+    [[nodiscard]] int rowsAffected() const { return query.numRowsAffected(); }
+
 private:
     bool finish(QString &error);
 
