@@ -23,6 +23,16 @@ QString groupedMoneyText(double dollars)
     return sign + groupedNumber2Text(std::abs(dollars));
 }
 
+QString pricePerGallonText(double dollars)
+{
+    return u'$' + QString::number(dollars, 'f', 4);
+}
+
+QString gallonsText(double gallons)
+{
+    return QString::number(gallons, 'f', 3);
+}
+
 QString number2Text(double value)
 {
     return QString::number(value, 'f', 2);

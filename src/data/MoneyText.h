@@ -15,6 +15,12 @@ QString moneyText(double dollars);
 /// "$0.00"; a fraction of a cent below zero keeps its sign, "-$0.00".
 QString groupedMoneyText(double dollars);
 
+/// Dollars per gallon as "$3.8780".
+QString pricePerGallonText(double dollars);
+
+/// Gallons with three decimals, as pumps show them.
+QString gallonsText(double gallons);
+
 /// A number with two decimals and no grouping: miles, hours, cents per mile, percent.
 QString number2Text(double value);
 

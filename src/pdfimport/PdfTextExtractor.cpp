@@ -101,8 +101,8 @@ Extraction::TextStage Extraction::readText()
 
 bool Extraction::runPdfToText(const QString &program, const QString &outputPath)
 {
-    const ToolRun tool = runTool(program, {u"-layout"_s, path, outputPath}, textLimitMs,
-                                 u"pdftotext stderr: "_s);
+    const ToolRun tool =
+        runTool(program, {u"-layout"_s, path, outputPath}, textLimitMs, u"pdftotext stderr: "_s);
     if (!tool.succeeded) {
         log(u"pdftotext failed with exit code %1. OCR fallback will be attempted."_s.arg(
             tool.exitCode));
@@ -139,9 +139,10 @@ void Extraction::readByOcr()
         logChecked(u"pdftoppm"_s, pdftoppm.checked);
         logChecked(u"tesseract"_s, tesseract.checked);
         logChecked(u"tessdata/eng.traineddata"_s, tessdata.checked);
-        fail(u"PDF text extraction returned no text and OCR fallback could not start. Verify "
-             "bundled tools exist at tools\\poppler\\pdftoppm.exe, tools\\tesseract\\tesseract.exe, "
-             "and tools\\tesseract\\tessdata\\eng.traineddata."_s);
+        fail(
+            u"PDF text extraction returned no text and OCR fallback could not start. Verify "
+            "bundled tools exist at tools\\poppler\\pdftoppm.exe, tools\\tesseract\\tesseract.exe, "
+            "and tools\\tesseract\\tessdata\\eng.traineddata."_s);
         return;
     }
     log("Using pdftoppm for OCR image rendering: "_L1 + pdftoppm.path);
@@ -153,9 +154,9 @@ void Extraction::readByOcr()
         fail(u"Could not create temporary OCR working folder."_s);
         return;
     }
-    const ToolRun rendering = runTool(
-        pdftoppm.path, {u"-r"_s, u"300"_s, u"-png"_s, path, folder.filePath(u"page"_s)},
-        renderLimitMs, u"pdftoppm stderr: "_s);
+    const ToolRun rendering =
+        runTool(pdftoppm.path, {u"-r"_s, u"300"_s, u"-png"_s, path, folder.filePath(u"page"_s)},
+                renderLimitMs, u"pdftoppm stderr: "_s);
     if (!rendering.succeeded) {
         fail(u"pdftoppm failed with exit code %1. OCR image rendering did not complete."_s.arg(
             rendering.exitCode));
@@ -185,8 +186,8 @@ void Extraction::readPictures(const QStringList &pictures, const QString &tesser
             return;
         }
         pages.append(reading.output.trimmed()); // a blank page too: pages keep their places
-        log(u"OCR page %1 produced %2 characters."_s.arg(
-            page, QString::number(pages.last().size())));
+        log(u"OCR page %1 produced %2 characters."_s.arg(page,
+                                                         QString::number(pages.last().size())));
     }
     takePages(pages);
 }

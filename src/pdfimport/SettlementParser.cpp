@@ -1,5 +1,7 @@
 #include "pdfimport/SettlementParser.h"
 
+#include "data/DomainRules.h"
+
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -66,14 +68,15 @@ QString fuelType(const QString &line)
     return {};
 }
 
-// Parentheses turn the sign. A lone parenthesis leaves text that is no number, which counts as 0.
+// Parentheses turn the sign. A lone parenthesis leaves text that is no number, which counts as 0,
+// as do digits without end, which are no amount either.
 double amountFromText(QString text)
 {
-    text = text.trimmed().remove(u'$').remove(u',');
+    text.remove(u'$'); // the commas go when the number is read
     const bool parenthesised = text.startsWith(u'(') && text.endsWith(u')');
     if (parenthesised)
         text = text.mid(1, text.size() - 2);
-    const double value = text.toDouble();
+    const double value = DomainRules::parseNumberText(text);
     return parenthesised ? 0.0 - value : value; // "(0.00)" is no negative zero
 }
 
@@ -102,7 +105,7 @@ FuelReviewRow rowFromLine(const QString &line, const QString &type)
     row.route = u"fuel_detail"_s;
     row.description = type;
     row.tripNo = firstCapture(trip, line);
-    row.gallons = firstCapture(gallons, line).toDouble();
+    row.gallons = DomainRules::parseNumberText(firstCapture(gallons, line));
     const QList<double> amounts = amountsOnLine(line);
     if (!amounts.isEmpty())
         row.amount = row.cost = amounts.last();

@@ -1,5 +1,6 @@
 #include "trips/TripArithmetic.h"
 
+#include "data/DomainRules.h"
 #include "data/MoneyText.h"
 
 #include <algorithm>
@@ -58,6 +59,21 @@ double perHour(double net, double hours)
 }
 
 } // namespace
+
+TripStopTiming stopTiming(const QString &stopType, const QString &appointment, bool hasWindow,
+                          const QString &latest)
+{
+    TripStopTiming stop;
+    stop.stopType = stopType;
+    stop.earliest = DomainRules::parseAppointmentDateTime(appointment);
+    stop.appointment = stop.earliest;
+    stop.hasWindow = hasWindow;
+    if (hasWindow)
+        stop.latest = DomainRules::parseAppointmentDateTime(latest);
+    if (!stop.latest.isValid())
+        stop.latest = stop.earliest;
+    return stop;
+}
 
 TripTotals computeTripTotals(double emptyMiles, double loadedMiles, double linehaul, double fusu,
                              double carrierPercent, double payItemTotal, double costItemTotal)

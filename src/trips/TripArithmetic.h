@@ -20,6 +20,11 @@ struct TripStopTiming
     QDateTime latest;
 };
 
+/// A stop from its texts as stored or typed. An appointment that cannot be read stays invalid, and
+/// so `latest` equals `earliest` where there is no window or it cannot be read.
+TripStopTiming stopTiming(const QString &stopType, const QString &appointment, bool hasWindow,
+                          const QString &latest);
+
 struct TripTotals
 {
     double totalMiles = 0.0;

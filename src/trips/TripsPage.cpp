@@ -7,6 +7,9 @@
 #include "data/DomainRules.h"
 #include "data/SqlTransaction.h"
 #include "trips/DetailsPane.h"
+#include "trips/FuelEditor.h"
+#include "trips/ItemEditor.h"
+#include "trips/StopsEditor.h"
 #include "trips/TripDetailsText.h"
 #include "trips/TripForm.h"
 #include "trips/TripList.h"
@@ -47,6 +50,10 @@ void putHours(QStringList &row, TripsRepository::StopTimings &stops)
 
 TripsPage::TripsPage(QWidget *parent)
     : QWidget(parent)
+    , context{.tripsDatabase = tripsDatabase,
+              .currentTripId = [this] { return form->currentTripId(); },
+              .tripNo = [this] { return form->text(TripForm::TripNo); },
+              .report = [this](const QString &text) { report(text); }}
 {
     setObjectName(u"tripsPage"_s);
     buildLayout();
@@ -78,9 +85,21 @@ void TripsPage::buildLayout()
     sections->addWidget(list, 2);
     form = new TripForm(inner);
     sections->addWidget(form, 1);
+    buildEditors(inner, sections);
     details = new DetailsPane(inner);
     sections->addWidget(details);
     PageParts::fillScrolling(this, inner);
+}
+
+void TripsPage::buildEditors(QWidget *inner, QVBoxLayout *sections)
+{
+    stops = new StopsEditor(context, inner);
+    payItems = new ItemEditor(ItemTexts::ofPayItems(), context, inner);
+    costItems = new ItemEditor(ItemTexts::ofCostItems(), context, inner);
+    fuel = new FuelEditor(context, costItems, inner);
+    for (QWidget *editor : {static_cast<QWidget *>(stops), static_cast<QWidget *>(payItems),
+                            static_cast<QWidget *>(costItems), static_cast<QWidget *>(fuel)})
+        sections->addWidget(editor, 2);
 }
 
 QHBoxLayout *TripsPage::buildActions()
@@ -119,6 +138,8 @@ void TripsPage::connectWidgets()
     connect(payweekFilter, &QComboBox::currentTextChanged, this, &TripsPage::reloadList);
     connect(list, &TripList::cellClicked, this, &TripsPage::clickCell);
     connect(list, &TripList::itemSelectionChanged, this, [this] { loadTrip(list->currentRow()); });
+    connect(payItems, &ItemEditor::itemsSaved, this, &TripsPage::loadItemNames);
+    connect(costItems, &ItemEditor::itemsSaved, this, &TripsPage::loadItemNames);
 }
 
 void TripsPage::makeReady(int percent)
@@ -135,6 +156,10 @@ void TripsPage::applyUiScale(int percent)
     UiScale::applyTableScale(list, pageFont, percent);
     list->setMinimumHeight(std::max(
         TripList::leastHeight, TripList::leastHeight * UiScale::clampedPercent(percent) / 100));
+    stops->applyScale(pageFont, percent);
+    payItems->applyScale(pageFont, percent);
+    costItems->applyScale(pageFont, percent);
+    fuel->applyScale(pageFont, percent);
     details->setFont(pageFont);
     // The hint is that of the content alone, without the minimum set here before.
     payweekFilter->setMinimumWidth(
@@ -145,6 +170,7 @@ void TripsPage::applyUiScale(int percent)
 
 void TripsPage::autoOpen()
 {
+    stops->refreshLocationConnection();
     const QString path =
         DatabaseLocator::findDatabaseNearApplication(DatabaseLocator::tripsFileName);
     if (!path.isEmpty())
@@ -158,7 +184,9 @@ void TripsPage::openDatabase(const QString &path)
         QMessageBox::critical(this, tr("Database Error"), error);
         return;
     }
+    stops->refreshLocationConnection();
     bringFileUpToDate();
+    loadItemNames();
     reloadPayweekFilter();
     reloadList();
     report(tr("Opened trips DB: %1").arg(path));
@@ -171,6 +199,13 @@ void TripsPage::bringFileUpToDate()
         QMessageBox::critical(this, tr("Trip Detail Setup Error"), error);
     if (!TripsRepository::ensureStopWindowColumns(tripsDatabase, error))
         QMessageBox::critical(this, tr("Trip Stop Setup Error"), error);
+}
+
+// Names come from all trips of the file, so new ones in either grid are looked up for both.
+void TripsPage::loadItemNames()
+{
+    payItems->loadNames();
+    costItems->loadNames();
 }
 
 void TripsPage::browseForDatabase()
@@ -209,11 +244,11 @@ void TripsPage::reloadList()
     QString filter = payweekFilter->currentText().trimmed();
     if (payweekFilter->currentIndex() == 0)
         filter.clear();
-    TripsRepository::StopTimings stops(tripsDatabase);
+    TripsRepository::StopTimings timings(tripsDatabase);
     QList<QStringList> rows;
     QString error;
     if (!TripsRepository::loadTrips(tripsDatabase, filter, rows, error,
-                                    [&stops](QStringList &row) { putHours(row, stops); })) {
+                                    [&timings](QStringList &row) { putHours(row, timings); })) {
         QMessageBox::critical(this, tr("Query Error"), error);
         return;
     }
@@ -245,6 +280,7 @@ void TripsPage::loadTrip(int row)
     form->setText(TripForm::Linehaul, cells.at(LinehaulColumn));
     form->setText(TripForm::Fusu, cells.at(FusuColumn));
     form->setText(TripForm::CarrierPercent, cells.at(CarrierPercentColumn));
+    loadRows(tripId);
 
     const auto number = [&cells](TripColumn column) {
         return DomainRules::sortNumberFromText(cells.at(column));
@@ -252,11 +288,19 @@ void TripsPage::loadTrip(int row)
     const TripTotals totals =
         computeTripTotals(number(EmptyMilesColumn), number(LoadedMilesColumn),
                           number(LinehaulColumn), number(FusuColumn), number(CarrierPercentColumn),
-                          payItemTotal(tripId), costItemTotal(tripId));
-    const TripHoursResult hours = hoursOfTrip(tripId, totals.netRevenue);
+                          payItems->itemTotal(), costItems->itemTotal());
+    const TripHoursResult hours = hoursOfGrid(totals.netRevenue);
     form->showHours(hours);
     details->setPlainText(tripDetailsText(cells, totals, hours));
     showTripTitle(cells.at(TripNoColumn));
+}
+
+void TripsPage::loadRows(int tripId)
+{
+    stops->loadStops(tripId);
+    payItems->loadItems(tripId);
+    costItems->loadItems(tripId);
+    fuel->loadFuelRows(tripId);
 }
 
 void TripsPage::showTripTitle(const QString &tripNo)
@@ -268,6 +312,7 @@ void TripsPage::startNewTrip()
 {
     form->startNewTrip();
     details->clear();
+    loadRows(form->currentTripId());
     showTripTitle({});
     report(tr("New Trip mode."));
 }
@@ -279,13 +324,16 @@ void TripsPage::saveTrip()
     TripsRepository::TripRecord trip = tripFromForm();
     if (!hasRequiredTexts(trip))
         return;
+    fuel->syncFuelCostItems(); // fuel reaches the total as cost items
     trip.totals =
         computeTripTotals(trip.emptyMiles, trip.loadedMiles, trip.linehaul, trip.fusu,
-                          trip.carrierPercent, payItemTotal(trip.id), costItemTotal(trip.id));
-    trip.hours = hoursOfTrip(trip.id, trip.totals.netRevenue);
+                          trip.carrierPercent, payItems->itemTotal(), costItems->itemTotal());
+    trip.hours = hoursOfGrid(trip.totals.netRevenue);
     form->showHours(trip.hours);
     if (!writeTrip(trip))
         return;
+    saveRows(trip.id);
+    form->showHours(trip.hours);
     reloadPayweekFilter();
     reloadList();
 }
@@ -335,6 +383,15 @@ bool TripsPage::writeTrip(TripsRepository::TripRecord &trip)
     }
     report(tr("Updated trip: %1").arg(trip.tripNo));
     return true;
+}
+
+// Each of them tells of its own failure, and none keeps the others from being saved.
+void TripsPage::saveRows(int tripId)
+{
+    stops->saveStops(tripId);
+    payItems->saveItems(tripId);
+    costItems->saveItems(tripId);
+    fuel->saveFuelRows(tripId);
 }
 
 void TripsPage::deleteTrip()
@@ -413,20 +470,9 @@ void TripsPage::openTripById(int tripId)
     report(tr("Opened trip %1 from View Payweek").arg(tripNo));
 }
 
-double TripsPage::payItemTotal(int tripId) const
+TripHoursResult TripsPage::hoursOfGrid(double net) const
 {
-    return TripsRepository::itemTotal(tripsDatabase, u"trip_pay_items"_s, tripId);
-}
-
-double TripsPage::costItemTotal(int tripId) const
-{
-    return TripsRepository::itemTotal(tripsDatabase, u"trip_cost_items"_s, tripId);
-}
-
-TripHoursResult TripsPage::hoursOfTrip(int tripId, double net) const
-{
-    return computeTripHours(TripsRepository::StopTimings(tripsDatabase).ofTrip(tripId), net,
-                            extraTripHours);
+    return computeTripHours(stops->stopsFromGrid(), net, extraTripHours);
 }
 
 bool TripsPage::requireOpenDatabase()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "trips/TripArithmetic.h"
+#include "trips/TripContext.h"
 #include "trips/TripsRepository.h"
 
 #include <QSqlDatabase>
@@ -9,9 +10,12 @@
 #include <functional>
 
 class DetailsPane;
+class FuelEditor;
+class ItemEditor;
 class QComboBox;
 class QHBoxLayout;
 class QVBoxLayout;
+class StopsEditor;
 class TripForm;
 class TripList;
 
@@ -48,36 +52,42 @@ public:
 private:
     void buildLayout();
     QHBoxLayout *buildActions();
+    void buildEditors(QWidget *inner, QVBoxLayout *sections);
     void connectWidgets();
 
     void browseForDatabase();
     void bringFileUpToDate();
+    void loadItemNames();
     void refresh();
     void reloadPayweekFilter();
     void reloadList();
 
     void clickCell(int row, int column);
     void loadTrip(int row);
+    void loadRows(int tripId);
     void showTripTitle(const QString &tripNo);
     void startNewTrip();
     void saveTrip();
     [[nodiscard]] TripsRepository::TripRecord tripFromForm() const;
     bool hasRequiredTexts(const TripsRepository::TripRecord &trip);
     bool writeTrip(TripsRepository::TripRecord &trip);
+    void saveRows(int tripId);
     void deleteTrip();
     bool confirmDelete(const QString &tripName);
 
-    /// What the trip earns and costs beyond linehaul and FUSU, in dollars.
-    [[nodiscard]] double payItemTotal(int tripId) const;
-    [[nodiscard]] double costItemTotal(int tripId) const;
-    [[nodiscard]] TripArithmetic::TripHoursResult hoursOfTrip(int tripId, double net) const;
+    [[nodiscard]] TripArithmetic::TripHoursResult hoursOfGrid(double net) const;
 
     bool requireOpenDatabase();
     void report(const QString &text) const;
 
     QSqlDatabase tripsDatabase;
+    const TripContext context;
     QComboBox *payweekFilter = nullptr;
     TripList *list = nullptr;
     TripForm *form = nullptr;
+    StopsEditor *stops = nullptr;
+    ItemEditor *payItems = nullptr;
+    ItemEditor *costItems = nullptr;
+    FuelEditor *fuel = nullptr;
     DetailsPane *details = nullptr;
 };

@@ -1,7 +1,6 @@
 #include "trips/TripsRepository.h"
 
 #include "data/DatabaseLocator.h"
-#include "data/DomainRules.h"
 
 #include <array>
 
@@ -39,11 +38,6 @@ SELECT DISTINCT TRIM(COALESCE(name,'')) AS item_name
 FROM %1
 WHERE TRIM(COALESCE(name,'')) <> ''
 ORDER BY item_name COLLATE NOCASE ASC)"_L1;
-
-constexpr auto selectItemTotal = R"(
-SELECT SUM(CAST(COALESCE(amount,0) AS REAL))
-FROM %1
-WHERE trip_id = ?)"_L1;
 
 constexpr auto selectStopTimings = R"(
 SELECT stop_type, appt, COALESCE(has_appointment_window, 0), COALESCE(appt_latest, '')
@@ -115,20 +109,6 @@ QVariantList boundValues(const TripRecord &trip)
             trip.totals.cpm,
             trip.hours.hours,
             trip.hours.netPerHour};
-}
-
-TripArithmetic::TripStopTiming stopTiming(const SqlStatement &row)
-{
-    TripArithmetic::TripStopTiming stop;
-    stop.stopType = row.text(0);
-    stop.earliest = DomainRules::parseAppointmentDateTime(row.text(1));
-    stop.appointment = stop.earliest;
-    stop.hasWindow = row.integer(2) != 0;
-    if (stop.hasWindow)
-        stop.latest = DomainRules::parseAppointmentDateTime(row.text(3));
-    if (!stop.latest.isValid())
-        stop.latest = stop.earliest;
-    return stop;
 }
 
 } // namespace
@@ -204,16 +184,6 @@ bool listItemNames(const QSqlDatabase &database, const QString &table, QStringLi
     return readTexts(database, QString(selectItemNames).arg(table), names, error);
 }
 
-double itemTotal(const QSqlDatabase &database, const QString &table, int tripId)
-{
-    QVariant total;
-    QString error;
-    if (tripId > 0 && isItemTable(table) && DatabaseLocator::isTripsDatabaseOpen(database, error))
-        SqlStatement(database, QString(selectItemTotal).arg(table))
-            .firstValue({tripId}, total, error);
-    return total.toDouble();
-}
-
 StopTimings::StopTimings(const QSqlDatabase &database)
     : statement(database, selectStopTimings)
 {
@@ -224,8 +194,10 @@ QList<TripArithmetic::TripStopTiming> StopTimings::ofTrip(int tripId)
     QList<TripArithmetic::TripStopTiming> stops;
     QString error;
     if (tripId > 0)
-        statement.forEachRow({tripId}, error,
-                             [&stops](const SqlStatement &row) { stops.append(stopTiming(row)); });
+        statement.forEachRow({tripId}, error, [&stops](const SqlStatement &row) {
+            stops.append(TripArithmetic::stopTiming(row.text(0), row.text(1), row.integer(2) != 0,
+                                                    row.text(3)));
+        });
     return stops;
 }
 

@@ -58,10 +58,6 @@ bool loadTrips(const QSqlDatabase &database, const QString &payweekFilter, QList
 bool listItemNames(const QSqlDatabase &database, const QString &table, QStringList &names,
                    QString &error);
 
-/// The sum of a trip's rows in `trip_pay_items` or `trip_cost_items`, in dollars, not rounded.
-/// A new trip (id below 1), another table and a failed statement give 0.
-double itemTotal(const QSqlDatabase &database, const QString &table, int tripId);
-
 /// Reads the stops of one trip after another with one prepared statement.
 class StopTimings
 {

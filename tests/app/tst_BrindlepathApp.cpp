@@ -192,6 +192,8 @@ void tst_BrindlepathApp::damagedFileGivesOneBoxAPageAndAUsableWindow()
     const QString reason = u"file is not a database"_s;
     robot.expectContaining(DialogRobot::Critical, u"Trip Detail Setup Error"_s, reason);
     robot.expectContaining(DialogRobot::Critical, u"Trip Stop Setup Error"_s, reason);
+    robot.expectContaining(DialogRobot::Critical, u"Pay Item Name Query Error"_s, reason);
+    robot.expectContaining(DialogRobot::Critical, u"Cost Item Name Query Error"_s, reason);
     robot.expectContaining(DialogRobot::Critical, u"Payweek Query Error"_s, reason);
     robot.expectContaining(DialogRobot::Critical, u"Query Error"_s, reason);
     robot.expectContaining(DialogRobot::Critical, u"Payweek Load Error"_s, reason);
@@ -222,6 +224,8 @@ void tst_BrindlepathApp::zeroByteFileGivesTheBoxesOfEachPageOnce()
     workspace.makeFile(u"trips.db"_s, {});
     DialogRobot robot;
     robot.expectContaining(DialogRobot::Critical, u"Trip Stop Setup Error"_s, u"trip_stops"_s);
+    robot.expectContaining(DialogRobot::Critical, u"Pay Item Name Query Error"_s, u"pay"_s);
+    robot.expectContaining(DialogRobot::Critical, u"Cost Item Name Query Error"_s, u"cost"_s);
     robot.expectContaining(DialogRobot::Critical, u"Payweek Query Error"_s, u"trips"_s);
     robot.expectContaining(DialogRobot::Critical, u"Query Error"_s, u"trips"_s);
     robot.expectContaining(DialogRobot::Critical, u"Payweek Load Error"_s,

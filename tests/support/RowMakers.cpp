@@ -23,7 +23,7 @@ TripMaker &TripMaker::totals(double revenue, double cost)
 StopMaker::StopMaker(qint64 tripId)
     : RowMaker(u"trip_stops"_s)
 {
-    set(u"trip_id"_s, tripId).set(u"location_code"_s, u"DOCK1"_s);
+    set(u"trip_id"_s, tripId).set(u"location_code"_s, u""_s);
     type(u"shipper"_s).at(u""_s).order(0);
 }
 

@@ -34,7 +34,7 @@ inline qint64 insertWorkedTrip(const Workspace &workspace, const QString &tripNo
                           .set(QStringLiteral("cpm"), 158.33)
                           .insert(workspace);
     payItem(id, QStringLiteral("Layover"), 50.0).insert(workspace);
-    costItem(id, QStringLiteral("Truck Fuel"), 300.0).insert(workspace);
+    costItem(id, QStringLiteral("Repair"), 300.0).insert(workspace);
     stop(id).at(QStringLiteral("2026-04-17T08:00:00")).insert(workspace);
     stop(id)
         .type(QStringLiteral("receiver"))

@@ -25,7 +25,7 @@ private Q_SLOTS:
         const TripsWindow trips;
         trips.named<QPushButton>("openTripsButton")->setFocus();
         QStringList visited;
-        for (int press = 0; press < 15; ++press) {
+        for (int press = 0; press < 30; ++press) {
             visited.append(trips.window.focusWidget()->objectName());
             QTest::keyClick(trips.window.focusWidget(), Qt::Key_Tab);
         }
@@ -34,7 +34,12 @@ private Q_SLOTS:
                               u"newTripButton"_s, u"saveTripButton"_s, u"deleteTripButton"_s,
                               u"tripList"_s, u"tripNoField"_s, u"payweekField"_s,
                               u"emptyMilesField"_s, u"loadedMilesField"_s, u"linehaulField"_s,
-                              u"fusuField"_s, u"carrierPercentField"_s, u"tripDetails"_s}));
+                              u"fusuField"_s, u"carrierPercentField"_s, u"stopsAddButton"_s, u"stopsRemoveButton"_s, u"stopsSaveButton"_s, u"stopsGrid"_s,
+                              u"payItemsAddButton"_s, u"payItemsRemoveButton"_s,
+                              u"payItemsSaveButton"_s, u"payItemsGrid"_s,
+                              u"costItemsAddButton"_s, u"costItemsRemoveButton"_s,
+                              u"costItemsSaveButton"_s, u"costItemsGrid"_s, u"fuelEditButton"_s,
+                              u"fuelScanButton"_s, u"fuelGrid"_s, u"tripDetails"_s}));
     }
 
     void hoursOfTheListComeFromTheStops()

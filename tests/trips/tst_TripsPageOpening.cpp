@@ -110,10 +110,14 @@ private Q_SLOTS:
         const QString noTrips = u"no such table: trips Unable to execute statement"_s;
         robot.expect(DialogRobot::Critical, u"Trip Stop Setup Error"_s,
                      u"no such table: trip_stops Unable to execute statement"_s);
+        robot.expect(DialogRobot::Critical, u"Pay Item Name Query Error"_s,
+                     u"no such table: trip_pay_items Unable to execute statement"_s);
+        robot.expect(DialogRobot::Critical, u"Cost Item Name Query Error"_s,
+                     u"no such table: trip_cost_items Unable to execute statement"_s);
         robot.expect(DialogRobot::Critical, u"Payweek Query Error"_s, noTrips);
         robot.expect(DialogRobot::Critical, u"Query Error"_s, noTrips);
         trips.page->autoOpen();
-        QCOMPARE(robot.seen().size(), 3);
+        QCOMPARE(robot.seen().size(), 5);
         QCOMPARE(trips.list()->rowCount(), 0);
         QCOMPARE(trips.statuses, QStringList({u"Opened trips DB: "_s + path}));
     }
@@ -129,10 +133,12 @@ private Q_SLOTS:
         const QString text = u"file is not a database Unable to execute statement"_s;
         robot.expect(DialogRobot::Critical, u"Trip Detail Setup Error"_s, text);
         robot.expect(DialogRobot::Critical, u"Trip Stop Setup Error"_s, text);
+        robot.expect(DialogRobot::Critical, u"Pay Item Name Query Error"_s, text);
+        robot.expect(DialogRobot::Critical, u"Cost Item Name Query Error"_s, text);
         robot.expect(DialogRobot::Critical, u"Payweek Query Error"_s, text);
         robot.expect(DialogRobot::Critical, u"Query Error"_s, text);
         trips.page->autoOpen();
-        QCOMPARE(robot.seen().size(), 4);
+        QCOMPARE(robot.seen().size(), 6);
         QCOMPARE(trips.statuses, QStringList({u"Opened trips DB: "_s + path}));
         QCOMPARE(workspace.bytes(u"trips.db"_s), bytes);
     }

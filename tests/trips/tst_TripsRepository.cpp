@@ -406,32 +406,6 @@ private Q_SLOTS:
         QCOMPARE(names, QStringList());
     }
 
-    void itemsOfATripAreSummed_data() { namesTheTwoItemTables(); }
-
-    void itemsOfATripAreSummed()
-    {
-        Workspace workspace;
-        const TestConnection trips(workspace.makeTrips());
-        QFETCH(const QString, table);
-        TripItemMaker(table, 1, u"Layover"_s, 100.005).insert(workspace);
-        TripItemMaker(table, 1, u"Lumper"_s, -20.0).insert(workspace);
-        TripItemMaker(table, 1, u"Gate"_s, 0.0).set(u"amount"_s, QVariant()).insert(workspace);
-        TripItemMaker(table, 2, u"Layover"_s, 1000.0).insert(workspace);
-        QCOMPARE(itemTotal(trips.database(), table, 1), 80.005);
-        QCOMPARE(itemTotal(trips.database(), table, 3), 0.0);
-    }
-
-    void itemsThatCannotBeReadSumToNothing()
-    {
-        Workspace workspace;
-        const TestConnection trips(workspace.makeTrips());
-        trip().insert(workspace);
-        workspace.execute(u"DROP TABLE trip_pay_items"_s);
-        QCOMPARE(itemTotal(trips.database(), u"trips"_s, 1), 0.0);
-        QCOMPARE(itemTotal(trips.database(), u"trip_pay_items"_s, 1), 0.0);
-        QCOMPARE(itemTotal({}, u"trip_cost_items"_s, 1), 0.0);
-    }
-
     void stopsComeInTheirOrder()
     {
         Workspace workspace;
@@ -494,13 +468,11 @@ private Q_SLOTS:
         QCOMPARE(StopTimings(QSqlDatabase()).ofTrip(1).size(), 0);
     }
 
-    void newTripOwnsNoStrayRows()
+    void newTripOwnsNoStrayStops()
     {
         Workspace workspace;
         const TestConnection trips(workspace.makeTrips());
-        payItem(0, u"Detention"_s, 50.0).insert(workspace);
         stop(0).at(u"2026-04-18T08:00:00"_s).insert(workspace);
-        QCOMPARE(itemTotal(trips.database(), u"trip_pay_items"_s, 0), 0.0);
         QCOMPARE(StopTimings(trips.database()).ofTrip(0).size(), 0);
     }
 

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "trips/OfferedTexts.h"
+#include "trips/TripGrid.h"
+#include "trips/TripRows.h"
+
+class EditableHistoryComboDelegate;
+
+/// Names and amounts. Every amount is shown as money as soon as it is typed.
+class ItemGrid : public TripGrid
+{
+    Q_OBJECT
+
+public:
+    enum GridColumn { NameColumn, AmountColumn };
+
+    explicit ItemGrid(QWidget *parent = nullptr);
+
+    void appendItem(const TripRows::ItemRow &item);
+    [[nodiscard]] TripRows::ItemRow itemAt(int row) const;
+
+    /// The name in a row: that of its box, or else that of the cell below. Empty for no such row.
+    [[nodiscard]] QString itemName(int row) const;
+
+    /// The sum of the amounts in dollars, not rounded.
+    [[nodiscard]] double itemTotal() const;
+
+    /// Offers these names from now on, in the rows that are there too.
+    void offerNames(const QStringList &newNames);
+
+private:
+    void putName(int row, const QString &name);
+
+    OfferedTexts names;
+    EditableHistoryComboDelegate *nameDelegate = nullptr;
+};
