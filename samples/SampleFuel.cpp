@@ -1,8 +1,7 @@
 #include "samples/SampleFuel.h"
 
 #include "data/MoneyText.h"
-
-#include <QMap>
+#include "trips/FuelRowRules.h"
 
 #include <array>
 
@@ -67,14 +66,9 @@ double SampleFuel::pumpPrice(int year)
 
 QList<SampleItem> SampleFuel::costItems(const QList<DomainRules::FuelRowValues> &purchases)
 {
-    QMap<QString, double> netByName;
-    for (const DomainRules::FuelRowValues &row : purchases) {
-        const double net = roundTo(row.cost - row.discount, 2);
-        if (net != 0.0)
-            netByName[DomainRules::normalizeFuelCostName(row.itemType)] += net;
-    }
+    const QMap<QString, double> costs = FuelRowRules::costByItemName(purchases);
     QList<SampleItem> items;
-    for (auto net = netByName.cbegin(); net != netByName.cend(); ++net)
-        items.append({net.key(), roundTo(net.value(), 2)});
+    for (auto cost = costs.cbegin(); cost != costs.cend(); ++cost)
+        items.append({cost.key(), roundTo(cost.value(), 2)});
     return items;
 }

@@ -1,7 +1,9 @@
 #include "samples/SampleBusiness.h"
+#include "samples/SampleSettlements.h"
 #include "samples/SampleWriter.h"
 
-#include <QCoreApplication>
+#include <QDir>
+#include <QGuiApplication>
 #include <QTextStream>
 
 #include <cstdio>
@@ -23,8 +25,9 @@ int fail(const QString &message)
 
 int main(int argc, char *argv[])
 {
-    const QCoreApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
+    qputenv("QT_QPA_PLATFORM", "offscreen"); // it sets type, but shows nothing
+    const QGuiApplication application(argc, argv);
+    const QStringList arguments = QGuiApplication::arguments();
     bool yearsAreNumber = true;
     bool seedIsNumber = true;
     const int years = arguments.size() > 2 ? arguments.at(2).toInt(&yearsAreNumber) : 3;
@@ -34,7 +37,10 @@ int main(int argc, char *argv[])
         return fail(usage);
 
     QString error;
-    if (!writeSampleFiles(arguments.at(1), makeSampleBusiness(years, seed), error))
+    const QString folder = arguments.at(1);
+    const SampleBusiness business = makeSampleBusiness(years, seed);
+    if (!writeSampleFiles(folder, business, error)
+        || !writeSampleSettlements(QDir(folder).filePath(u"settlements"_s), business, error))
         return fail(error);
     return EXIT_SUCCESS;
 }

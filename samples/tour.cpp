@@ -1,16 +1,23 @@
-// Shows the real window on the databases of the current directory, goes through its pages as a
-// person would, saves a picture of each, and prints the payweek report. The exit status tells
-// whether every page had something to show.
+// Shows the real window on copies of the databases of the current directory, goes through its pages
+// as a person would, scans the fuel of two sample settlements, saves a picture of each page, and
+// prints the payweek reports. The exit status tells whether every page had something to show.
 
 #include "app/ApplicationSetup.h"
 #include "app/BrindlepathApp.h"
+#include "samples/DialogAnswers.h"
+#include "trips/TripColumns.h"
 
 #include <QApplication>
+#include <QDate>
 #include <QDir>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
 #include <QListWidget>
+#include <QPushButton>
+#include <QScrollArea>
 #include <QTableWidget>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTextEdit>
 #include <QTextStream>
@@ -24,8 +31,9 @@ constexpr QSize windowSize(1280, 800);
 class Tour
 {
 public:
-    explicit Tour(const QString &pictureFolder)
+    Tour(const QString &pictureFolder, const QString &settlementFolder)
         : folder(pictureFolder)
+        , settlements(settlementFolder)
     {
         window.resize(windowSize);
         window.show();
@@ -38,6 +46,8 @@ public:
         showTrips();
         showPayweek();
         showTripOfPayweek();
+        showScan(u"*[0-9].pdf"_s, u"6-scanned-text"_s);
+        showScan(u"*-scanned.pdf"_s, u"7-scanned-page"_s);
         return complete;
     }
 
@@ -126,8 +136,70 @@ private:
         picture(u"5-trip-of-payweek.png"_s);
     }
 
+    // The settlement prints fuel after its discount, so the trip costs what it cost before.
+    void showScan(const QString &namePattern, const QString &pictureName)
+    {
+        const QStringList files = settlements.entryList({namePattern}, QDir::Files);
+        if (files.isEmpty()) {
+            QTextStream(stdout) << "There are no sample settlements to scan here." << Qt::endl;
+            return;
+        }
+        const QString file = files.constFirst();
+        goTo(u"Trips"_s);
+        const int row = rowOfPayweek(QDate::fromString(file.left(10), Qt::ISODate));
+        require(row >= 0, u"There is no trip of the settlement "_s + file);
+        if (row < 0)
+            return;
+        clickCell(find<QTableWidget>(u"tripList"_s), row, u"Trip #"_s);
+        const QString costBefore = totalCost(row);
+        DialogAnswers answers([this](const QString &failure) { require(false, failure); });
+        answers.choose(settlements.filePath(file));
+        answers.press(u"Existing Fuel Rows"_s, u"Yes"_s);
+        answers.press(u"Fuel Rows Added"_s, u"OK"_s);
+        answers.during([this] { click(u"fuelScanButton"_s); });
+        scrollTo(u"fuelTotals"_s);
+        picture(pictureName + ".png"_L1);
+        click(u"fuelSaveButton"_s);
+        click(u"saveTripButton"_s);
+        require(totalCost(row) == costBefore,
+                u"The scanned trip costs "_s + totalCost(row) + ", not "_L1 + costBefore);
+        QTextStream(stdout) << "Scanned " << file << ": total cost " << totalCost(row) << Qt::endl;
+        clickCell(find<QTableWidget>(u"tripList"_s), row, u"Payweek"_s);
+        picture(pictureName + "-payweek.png"_L1);
+        QTextStream(stdout) << find<QTextEdit>(u"payweekSummary"_s)->toPlainText() << Qt::endl;
+    }
+
+    int rowOfPayweek(const QDate &date)
+    {
+        const auto *trips = find<QTableWidget>(u"tripList"_s);
+        for (int row = 0; row < trips->rowCount(); ++row) {
+            if (trips->item(row, PayweekColumn)->text() == date.toString(u"MM/dd/yyyy"_s))
+                return row;
+        }
+        return -1;
+    }
+
+    QString totalCost(int row)
+    {
+        return find<QTableWidget>(u"tripList"_s)->item(row, TotalCostColumn)->text();
+    }
+
+    void scrollTo(const QString &widget)
+    {
+        find<QWidget>(u"tripsPage"_s)
+            ->findChild<QScrollArea *>()
+            ->ensureWidgetVisible(find<QWidget>(widget));
+    }
+
+    void click(const QString &button)
+    {
+        scrollTo(button);
+        QTest::mouseClick(find<QPushButton>(button), Qt::LeftButton);
+    }
+
     BrindlepathApp window;
     QString folder;
+    QDir settlements;
     bool complete = true;
 };
 
@@ -142,5 +214,12 @@ int main(int argc, char *argv[])
         QTextStream(stderr) << "usage: tour FOLDER-FOR-PICTURES" << Qt::endl;
         return 2;
     }
-    return Tour(arguments.at(1)).run() ? 0 : 1;
+    const QDir here = QDir::current();
+    const QTemporaryDir copies; // a tour leaves no trace in the records it shows
+    for (const QString &name : here.entryList({u"*.db"_s}, QDir::Files))
+        QFile::copy(here.filePath(name), copies.filePath(name));
+    QFile::link(here.filePath(u"tools"_s), copies.filePath(u"tools"_s));
+    QDir::setCurrent(copies.path());
+    return Tour(here.absoluteFilePath(arguments.at(1)), here.filePath(u"settlements"_s)).run() ? 0
+                                                                                               : 1;
 }

@@ -118,7 +118,7 @@ void closeAllSqliteConnections()
 {
     for (const QString &name : QSqlDatabase::connectionNames()) {
         QSqlDatabase database = QSqlDatabase::database(name, false);
-        if (isOpenSqlite(database))
+        if (database.isOpen() && database.driverName() == sqliteDriver)
             database.close();
     }
 }

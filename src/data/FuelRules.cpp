@@ -22,7 +22,8 @@ bool isAnyOf(const QString &text, std::initializer_list<QLatin1StringView> words
 
 QString cleaned(const QString &text)
 {
-    static const QRegularExpression blanks(u"\\s+"_s);
+    static const QRegularExpression blanks(u"\\s+"_s,
+                                           QRegularExpression::UseUnicodePropertiesOption);
     QString clean = text.trimmed().toLower();
     clean.replace(u'_', u' ').replace(u'-', u' ').replace(blanks, u" "_s);
     return clean;

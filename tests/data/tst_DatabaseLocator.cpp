@@ -1,4 +1,5 @@
 #include "data/DatabaseLocator.h"
+#include "data/OtherDriver.h"
 #include "data/SqlStatement.h"
 #include "support/TestConnection.h"
 #include "support/Workspace.h"
@@ -175,6 +176,26 @@ private Q_SLOTS:
         }
         QCOMPARE(currentTripsDatabasePath(), workspace.path(u"trips.db"_s));
         QCOMPARE(currentLocationsDatabasePath(), workspace.path(u"locations.db"_s));
+    }
+
+    void connectionsOfAnotherDriverDoNotCount()
+    {
+        Workspace workspace;
+        const QString near = workspace.makeTrips();
+        const OtherDriver other(workspace.makeTrips(u"truck12/trips.db"_s));
+        QCOMPARE(currentTripsDatabasePath(), near);
+        closeAllSqliteConnections();
+        QVERIFY(other.isOpen());
+    }
+
+    void ofTwoTripsFilesTheFirstReportedIsInUse()
+    {
+        Workspace workspace;
+        const TestConnection first(workspace.makeTrips(u"truck12/trips.db"_s), u"a page"_s);
+        const TestConnection second(workspace.makeTrips(u"truck7/trips.db"_s), u"b page"_s);
+        const QSqlDatabase reportedFirst =
+            QSqlDatabase::database(QSqlDatabase::connectionNames().constFirst(), false);
+        QCOMPARE(currentTripsDatabasePath(), reportedFirst.databaseName());
     }
 
     void thePathInUseIsAbsolute()

@@ -1,7 +1,9 @@
 #include "support/Workspace.h"
 
+#include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -19,6 +21,9 @@ Ended makeSamples(const QStringList &arguments, const QString &timeZone = u"Amer
     QProcess program;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"TZ"_s, timeZone);
+    // A login sets this; without it Qt warns on the console.
+    const QTemporaryDir runtime;
+    environment.insert(u"XDG_RUNTIME_DIR"_s, runtime.path());
     program.setProcessEnvironment(environment);
     program.start(QStringLiteral(MAKE_SAMPLES), arguments);
     if (!program.waitForFinished())
@@ -53,6 +58,9 @@ void tst_MakeSamples::makesThreeYearsByDefault()
         u"SELECT COUNT(DISTINCT settlement_date) FROM settlement_non_trip_items"_s;
     QCOMPARE(workspace.value(weeks).toInt(), 157);
     QVERIFY(QFile::exists(workspace.path(u"locations.db"_s)));
+    QCOMPARE(QDir(workspace.path(u"settlements"_s)).entryList(QDir::Files),
+             QStringList(
+                 {u"2026-11-13-scanned.pdf"_s, u"2026-11-20.pdf"_s, u"last-fifteen-weeks.pdf"_s}));
 }
 
 void tst_MakeSamples::takesYearsAndSeed()

@@ -220,6 +220,23 @@ private Q_SLOTS:
         QCOMPARE(trips.statuses, QStringList());
     }
 
+    void fileWithoutTrailersTakesAndChangesTrips()
+    {
+        Workspace workspace;
+        const QString path = makeTwoTrips(workspace);
+        workspace.execute(u"DROP TABLE trip_trailers"_s);
+        const TripsWindow trips(path);
+        trips.clicksTrip(1);
+        trips.types("emptyMilesField", u"150"_s);
+        trips.clicks(u"Save Trip / Changes"_s);
+        trips.clicks(u"New Trip"_s);
+        trips.types("tripNoField", u"3"_s);
+        trips.types("payweekField", u"04/25/2026"_s);
+        trips.clicks(u"Save Trip / Changes"_s);
+        QCOMPARE(workspace.value(u"SELECT empty_miles FROM trips WHERE id = 1"_s), 150.0);
+        QCOMPARE(column(trips.list(), u"Trip #"_s), QStringList({u"3"_s, u"2"_s, u"1"_s}));
+    }
+
     void pageCanBeUsedAfterADeleteThatFailed()
     {
         Workspace workspace;
