@@ -42,12 +42,15 @@ public:
 
         PayweekFundSummary emergencyFund;
         PayweekFundSummary performanceBond;
-        funds.load(payweek,
-                   {{emergencyFundRules, &emergencyFund}, {performanceBondRules, &performanceBond}},
-                   ignored);
-        const FundLedger::Balance balance = ledger.through(payweek, yearOf(payweek));
-        emergencyFund.balanceThroughPayweek = balance.emergencyFund;
-        performanceBond.balanceThroughPayweek = balance.performanceBond;
+        // As in a fund's summary, a week whose own movements cannot be read has no balance either.
+        if (funds.load(
+                payweek,
+                {{emergencyFundRules, &emergencyFund}, {performanceBondRules, &performanceBond}},
+                ignored)) {
+            const FundLedger::Balance balance = ledger.through(payweek, yearOf(payweek));
+            emergencyFund.balanceThroughPayweek = balance.emergencyFund;
+            performanceBond.balanceThroughPayweek = balance.performanceBond;
+        }
 
         const double base = CarryoverRules::fundBase(emergencyFund, performanceBond).interestBase;
         return CarryoverRules::basicSummary(tripTotals, itemTotals).net

@@ -165,11 +165,13 @@ void ViewPayweekPage::reloadPayweeks()
         return;
     }
     const int selected = static_cast<int>(payweeks.indexOf(currentPayweek()));
-    const QSignalBlocker blocker(payweekBox);
-    payweekBox->clear();
-    payweekBox->addItems(payweeks);
-    if (!payweeks.isEmpty())
-        payweekBox->setCurrentIndex(std::max(0, selected));
+    {
+        const QSignalBlocker blocker(payweekBox);
+        payweekBox->clear();
+        payweekBox->addItems(payweeks);
+        if (!payweeks.isEmpty())
+            payweekBox->setCurrentIndex(std::max(0, selected));
+    }
     report(tr("Loaded %1 payweeks for View Payweek").arg(payweeks.size()));
 }
 

@@ -45,3 +45,14 @@ inline void makeHugeAmountsUnreadable(const Workspace &workspace)
         "CASE WHEN amount < -9e18 THEN abs(CAST(amount AS INTEGER)) ELSE amount END AS amount "
         "FROM stored"));
 }
+
+/// The same for the miles of a trip: the trips before it are read, then the statement fails.
+inline void makeHugeMilesUnreadable(const Workspace &workspace)
+{
+    workspace.execute(QStringLiteral("ALTER TABLE trips RENAME TO stored_trips"));
+    workspace.execute(QStringLiteral(
+        "CREATE VIEW trips AS SELECT id, trip_no, payweek, CASE WHEN total_miles < -9e18 "
+        "THEN abs(CAST(total_miles AS INTEGER)) ELSE total_miles END AS total_miles, "
+        "total_revenue, total_cost, net_revenue, cpm, trip_hours, net_per_hour "
+        "FROM stored_trips"));
+}

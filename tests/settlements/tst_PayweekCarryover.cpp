@@ -1,4 +1,5 @@
 #include "settlements/CarryoverRules.h"
+#include "settlements/FailingStatement.h"
 #include "settlements/PayweekFile.h"
 
 using namespace Qt::StringLiterals;
@@ -386,6 +387,38 @@ private Q_SLOTS:
                                      result, carryovers.error));
         QCOMPARE(carryovers.error, QString());
         QCOMPARE(result.previousCarryover, -500.0);
+    }
+
+    void tripsThatFailHalfWayCountAsFarAsTheyWereRead()
+    {
+        const Carryovers carryovers;
+        insertTrip(carryovers.workspace, u"01/02/2026"_s, 100.0, 300.0);
+        trip()
+            .payweek(u"01/02/2026"_s)
+            .totals(0.0, 5000.0)
+            .set(u"total_miles"_s, -1e19)
+            .insert(carryovers.workspace);
+        insertTrip(carryovers.workspace, u"01/09/2026"_s, 50.0, 0.0);
+        makeHugeMilesUnreadable(carryovers.workspace);
+        const PayweekCarryoverSummary second = carryovers.of(u"01/09/2026"_s);
+        QCOMPARE(second.previousCarryover, -200.0);
+        QCOMPARE(second.carryoverForward, -150.0);
+    }
+
+    void movementsThatFailOnTheWayEarnNothing()
+    {
+        Workspace workspace;
+        const QString path = workspace.makeTrips();
+        insertWorkedWeeks(workspace);
+        FailingStatement statement;
+        const TestConnection trips(path);
+        // The rate and the list of the walk come first, then its trips and its items.
+        statement.comesAfter(4);
+        PayweekCarryoverSummary result;
+        QString error;
+        QVERIFY(loadPayweekCarryover(trips.database(), u"01/09/2026"_s, {}, {}, {}, result, error));
+        QCOMPARE(error, QString());
+        QCOMPARE(result.previousCarryover, -710.0);
     }
 
     void rateThatFailsOnTheWayCountsNothing()

@@ -51,6 +51,42 @@ private Q_SLOTS:
         QVERIFY(fuel.averageNetPricePerGallon == 0.0);
     }
 
+    void gallonsBelowZeroHaveNoPrice()
+    {
+        const Payweeks payweeks;
+        const qint64 id = trip().payweek(week).insert(payweeks.workspace);
+        fuel(id, u"Truck Fuel"_s, 400.0, 40.0, -100.0).insert(payweeks.workspace);
+        fuel(id, u"Reefer Fuel"_s, 80.0, 0.0, -20.0).insert(payweeks.workspace);
+        fuel(id, u"DEF"_s, 20.0, 0.0, 5.0).insert(payweeks.workspace);
+        QCOMPARE(figuresOf(payweeks.fuelOf()),
+                 QList<double>({0.0, 0.0, 20.0, 500.0, 40.0, 460.0, -115.0, 0.0, 3.0}));
+    }
+
+    void groupWithGallonsBelowZeroCountsInTheTotalsAlone_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<QString>("other");
+        QTest::addColumn<double>("truck");
+        QTest::addColumn<double>("reefer");
+        QTest::newRow("truck") << u"Truck Fuel"_s << u"Reefer Fuel"_s << 0.0 << 90.0;
+        QTest::newRow("reefer") << u"Reefer Fuel"_s << u"Truck Fuel"_s << 90.0 << 0.0;
+    }
+
+    void groupWithGallonsBelowZeroCountsInTheTotalsAlone()
+    {
+        QFETCH(const QString, type);
+        QFETCH(const QString, other);
+        QFETCH(const double, truck);
+        QFETCH(const double, reefer);
+        const Payweeks payweeks;
+        const qint64 id = trip().payweek(week).insert(payweeks.workspace);
+        fuel(id, type, 35.0, 5.0, -10.0).insert(payweeks.workspace);
+        fuel(id, other, 100.0, 10.0, 40.0).insert(payweeks.workspace);
+        // 120 dollars over 30 gallons.
+        QCOMPARE(figuresOf(payweeks.fuelOf()),
+                 QList<double>({truck, reefer, 0.0, 135.0, 15.0, 120.0, 30.0, 4.0, 2.0}));
+    }
+
     void anyTypeWithDefInItIsDef_data()
     {
         QTest::addColumn<QString>("type");

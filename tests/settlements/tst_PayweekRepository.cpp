@@ -295,6 +295,22 @@ private Q_SLOTS:
         QCOMPARE(figuresOf(items), QList<double>(3, 0.0));
     }
 
+    void tripsThatFailHalfWayStayAsFarAsTheyWereRead()
+    {
+        const Payweeks payweeks;
+        trip().no(u"100"_s).payweek(week).totals(1000.0, 400.0).insert(payweeks.workspace);
+        trip().payweek(week).set(u"total_miles"_s, -1e19).insert(payweeks.workspace);
+        insertTrip(payweeks.workspace, week, 50.0, 0.0);
+        makeHugeMilesUnreadable(payweeks.workspace);
+        QList<QStringList> rows = {{u"left over"_s}};
+        PayweekTripTotals totals = {.miles = 1.0, .tripCount = 1};
+        QVERIFY(!loadPayweekTrips(payweeks.trips.database(), week, rows, totals, payweeks.error));
+        QVERIFY2(payweeks.error.contains(u"integer overflow"_s), qPrintable(payweeks.error));
+        QCOMPARE(rows.size(), 1);
+        QCOMPARE(rows.constFirst().at(1), u"100"_s);
+        QCOMPARE(figuresOf(totals), QList<double>({600.0, 1000.0, 400.0, 600.0, 1.0}));
+    }
+
     void failedFundOrFuelTellsTheDriversText()
     {
         const Payweeks payweeks;

@@ -126,6 +126,10 @@ private Q_SLOTS:
         QTest::newRow("another currency") << u"12 EUR"_s << u"12 EUR"_s;
         QTest::newRow("NULL") << u""_s << u""_s;
         QTest::newRow("dollar sign alone") << u"$"_s << u"$"_s;
+        QTest::newRow("not a number") << u"nan"_s << u"nan"_s;
+        QTest::newRow("infinity") << u"inf"_s << u"inf"_s;
+        QTest::newRow("infinity below zero") << u"-INF"_s << u"-INF"_s;
+        QTest::newRow("more than a number holds") << u"1e999"_s << u"1e999"_s;
     }
 
     void amountIsReadFromWhateverStandsInTheFile()
@@ -265,6 +269,36 @@ private Q_SLOTS:
         QCOMPARE(headers(table.widget).at(3), u"Revenue \u25BC"_s);
         // The link goes where its row goes.
         QCOMPARE(table.widget->item(0, 0)->data(PayweekTables::tripIdRole).toInt(), 2);
+    }
+
+    void columnIsAsWideAsItsTexts_data()
+    {
+        QTest::addColumn<bool>("trips");
+        QTest::addColumn<int>("column");
+        QTest::newRow("number of a trip") << true << int(PayweekTables::TripNoColumn);
+        QTest::newRow("name of an item") << false << 3;
+    }
+
+    void columnIsAsWideAsItsTexts()
+    {
+        QFETCH(const bool, trips);
+        QFETCH(const int, column);
+        const Workspace workspace;
+        const Table table;
+        const auto widthWith = [&](const QString &text) {
+            if (trips)
+                PayweekTables::showTrips(table.widget, {tripRow(u"7"_s, text)});
+            else
+                PayweekTables::showItems(table.widget,
+                                         {{u"8"_s, u"01/02/2026"_s, u"expense"_s, text, u"1"_s}});
+            return table.widget->columnWidth(column);
+        };
+        const QString longText = u"Reimbursement of the overweight permit"_s;
+        const int narrow = widthWith(u"1"_s);
+        const int textWidth = table.widget->fontMetrics().horizontalAdvance(longText);
+        QVERIFY2(narrow < textWidth, qPrintable(QString::number(narrow)));
+        QVERIFY(widthWith(longText) >= textWidth);
+        QCOMPARE(widthWith(u"1"_s), narrow);
     }
 
     void tableWithoutRowsHasItsHeaders()

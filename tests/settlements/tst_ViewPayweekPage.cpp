@@ -86,6 +86,22 @@ Repository status: basic payweek aggregation, current-year fund logic, fuel anal
                  {u"5"_s, thirdWeek, u"revenue"_s, u"Emergency Fund Withdrawal"_s, u"$30.00"_s}}));
     }
 
+    void itemOfAnotherKindIsShownAndCountedInNeitherSum()
+    {
+        const WorkedWeeks weeks;
+        expense(thirdWeek, u"Scale ticket"_s, 12.5)
+            .set(u"kind"_s, u"other"_s)
+            .insert(weeks.workspace);
+        weeks.view.clicks(u"Refresh"_s);
+        QCOMPARE(column(weeks.view.items(), u"Kind"_s),
+                 QStringList({u"expense"_s, u"other"_s, u"revenue"_s}));
+        QCOMPARE(texts(weeks.view.items()).at(1),
+                 QStringList({u"7"_s, thirdWeek, u"other"_s, u"Scale ticket"_s, u"$12.50"_s}));
+        QCOMPARE(weeks.view.figures(u"Item count"_s), QStringList({u"3"_s}));
+        QCOMPARE(weeks.view.figures(u"Non-trip revenue"_s), QStringList({u"$30.00"_s}));
+        QCOMPARE(weeks.view.figures(u"Non-trip expense"_s), QStringList({u"$10.00"_s}));
+    }
+
     void eachSectionShowsItsOwnFigures()
     {
         const WorkedWeeks weeks;
@@ -151,6 +167,18 @@ Repository status: basic payweek aggregation, current-year fund logic, fuel anal
                  QStringList({u"Loaded 4 payweeks for View Payweek"_s, loaded(secondWeek)}));
     }
 
+    void boxIsHeardAgainByTheTimeThePageReports()
+    {
+        WorkedWeeks weeks;
+        QList<bool> unheard;
+        weeks.view.page->statusCallback = [&](const QString &) {
+            unheard.append(weeks.view.box()->signalsBlocked());
+        };
+        weeks.view.clicks(u"Refresh"_s);
+        weeks.view.page->showPayweek(secondWeek);
+        QCOMPARE(unheard, QList<bool>({false, false, false, false}));
+    }
+
     void refreshFallsBackToTheNewestPayweek()
     {
         WorkedWeeks weeks;
@@ -208,6 +236,21 @@ Repository status: basic payweek aggregation, current-year fund logic, fuel anal
         QCOMPARE(weeks.view.statuses,
                  QStringList({loaded(shown), u"Opened View Payweek for "_s + shown}));
         QVERIFY(weeks.view.summary().startsWith(u"Payweek: "_s + shown + u'\n'));
+    }
+
+    void firstPayweekOfADateIsTaken()
+    {
+        WorkedWeeks weeks;
+        for (const QString &key : {u"01/23/2026"_s, u"2026-01-23"_s})
+            insertTrip(weeks.workspace, key, 1.0, 0.0);
+        weeks.view.clicks(u"Refresh"_s);
+        weeks.view.chooses(firstWeek);
+        const QStringList ofThatDate = weeks.view.offered().first(2);
+        QVERIFY(ofThatDate.contains(u"01/23/2026"_s));
+        QVERIFY(ofThatDate.contains(u"2026-01-23"_s));
+        weeks.view.page->showPayweek(u"1/23/2026"_s);
+        QCOMPARE(weeks.view.box()->currentIndex(), 0);
+        QCOMPARE(weeks.view.page->currentPayweek(), ofThatDate.first());
     }
 
     void payweekThatIsNotThereLeavesAllAsItWas_data()

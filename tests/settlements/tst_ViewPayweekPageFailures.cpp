@@ -158,6 +158,26 @@ private Q_SLOTS:
         QCOMPARE(view.statuses, QStringList());
     }
 
+    void requestedPayweekThatFailsIsStillTheOneOpened()
+    {
+        Workspace workspace;
+        DialogRobot robot;
+        const QString path = workspace.makeTrips();
+        insertWorkedWeeks(workspace);
+        PayweekWindow view(path);
+        QCOMPARE(view.page->currentPayweek(), u"01/16/2026"_s);
+        workspace.execute(u"DROP TABLE trip_detail_items"_s);
+        robot.expectContaining(DialogRobot::Critical, u"Fuel Analytics Query Error"_s,
+                               u"no such table: trip_detail_items"_s);
+        view.page->showPayweek(week);
+        QCOMPARE(robot.seen().size(), 1);
+        QCOMPARE(view.page->currentPayweek(), week);
+        QCOMPARE(view.announced, QStringList({week}));
+        QCOMPARE(view.statuses, QStringList({u"Opened View Payweek for 01/02/2026"_s}));
+        QCOMPARE(view.tableSizes(), clearedTables);
+        QCOMPARE(view.summary(), QString());
+    }
+
     void firstOfSeveralFailuresIsTheOnlyOneTold()
     {
         Workspace workspace;

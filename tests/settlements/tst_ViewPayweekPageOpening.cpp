@@ -5,12 +5,45 @@
 #include "support/TableReaders.h"
 
 #include <QDir>
+#include <QPushButton>
+#include <QScrollArea>
 #include <QSqlDatabase>
 #include <QTest>
 
+#include <algorithm>
 #include <memory>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// What a person calls a part of the page; a part without a text goes by its name.
+QString nameOf(const QWidget *part)
+{
+    if (const auto *label = qobject_cast<const QLabel *>(part))
+        return label->text();
+    const auto *button = qobject_cast<const QPushButton *>(part);
+    return button ? button->text() : part->objectName();
+}
+
+/// The visible parts of the page, row by row from top to bottom and in a row from left to right.
+QStringList partsInReadingOrder(const QWidget *content)
+{
+    QList<QWidget *> parts = content->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
+    parts.removeIf([](const QWidget *part) { return !part->isVisible(); });
+    std::sort(parts.begin(), parts.end(), [](const QWidget *one, const QWidget *other) {
+        const QRect left = one->geometry();
+        const QRect right = other->geometry();
+        const bool inOneRow = left.top() <= right.bottom() && right.top() <= left.bottom();
+        return inOneRow ? left.left() < right.left() : left.top() < right.top();
+    });
+    QStringList names;
+    for (const QWidget *part : parts)
+        names.append(nameOf(part));
+    return names;
+}
+
+} // namespace
 
 /// How a file comes onto the page, and what the page is without one.
 class tst_ViewPayweekPageOpening : public QObject
@@ -43,6 +76,31 @@ private Q_SLOTS:
         QCOMPARE(view.items()->minimumHeight(), 220);
         QVERIFY(view.named<QTextEdit>("payweekSummary")->isReadOnly());
         QVERIFY(view.named<QLabel>("payweekNote")->wordWrap());
+    }
+
+    void partsStandFromTopToBottom()
+    {
+        const Workspace workspace;
+        const PayweekWindow view;
+        const auto *area = view.page->findChild<QScrollArea *>();
+        QCOMPARE(
+            partsInReadingOrder(area->widget()),
+            QStringList({u"View Payweek"_s, u"Open trips.db"_s, u"Payweek:"_s, u"payweekBox"_s,
+                         u"Refresh"_s, u"Open trips.db and choose a payweek."_s,
+                         u"payweekSummary"_s, u"Trips in Selected Payweek"_s, u"payweekTrips"_s,
+                         u"Non-Trip Settlement Items"_s, u"payweekItems"_s}));
+    }
+
+    void pageScrollsWithinItsMargins()
+    {
+        const Workspace workspace;
+        const PayweekWindow view;
+        const auto *area = view.page->findChild<QScrollArea *>();
+        QVERIFY(area->widgetResizable());
+        QCOMPARE(area->geometry(), view.page->rect());
+        const QLayout *parts = area->widget()->layout();
+        QCOMPARE(parts->contentsMargins(), QMargins(12, 12, 12, 12));
+        QCOMPARE(parts->spacing(), 10);
     }
 
     void headingIsBoldAndLarger()

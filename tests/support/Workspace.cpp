@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <QSettings>
+#include <QStandardPaths>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -21,11 +22,33 @@ void onTrips(const QString &path, Work work)
     const QString name = u"workspace"_s;
     QSqlDatabase database;
     QString error;
-    if (DatabaseLocator::openNamedConnection(database, name, path, error))
+    if (DatabaseLocator::openNamedConnection(database, name, path, error)) {
+        // A test's file need not outlive a power cut, and waiting for the disk is most of its time.
+        runSql(database, u"PRAGMA synchronous = OFF"_s, {}, error);
         work(database, error);
+    }
     DatabaseLocator::releaseNamedConnection(database, name);
     if (!error.isEmpty())
         QTest::qFail(qPrintable(error), __FILE__, __LINE__);
+}
+
+// Debian keeps one folder of language data for each major version of Tesseract.
+QString englishDataFolder()
+{
+    const QDir versions(u"/usr/share/tesseract-ocr"_s);
+    for (const QString &version : versions.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        const QString folder = versions.filePath(version + "/tessdata"_L1);
+        if (QFile::exists(folder + "/eng.traineddata"_L1))
+            return folder;
+    }
+    return {};
+}
+
+void makeLink(const QString &from, const QString &link)
+{
+    QDir().mkpath(QFileInfo(link).path());
+    if (!QFile::link(from, link))
+        QTest::qFail(qPrintable(u"No link to what should be "_s + link), __FILE__, __LINE__);
 }
 
 } // namespace
@@ -77,6 +100,22 @@ QString Workspace::makeFile(const QString &fileName, const QByteArray &content) 
     QFile file(target);
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
         QTest::qFail(qPrintable(file.errorString()), __FILE__, __LINE__);
+    return target;
+}
+
+void Workspace::linkTools() const
+{
+    for (const QString &tool : {u"tools/poppler/pdftotext"_s, u"tools/poppler/pdftoppm"_s,
+                                u"tools/tesseract/tesseract"_s})
+        makeLink(QStandardPaths::findExecutable(QFileInfo(tool).fileName()), path(tool));
+    makeLink(englishDataFolder(), path(u"tools/tesseract/tessdata"_s));
+}
+
+QString Workspace::makeTool(const QString &fileName, const QByteArray &script) const
+{
+    const QString target = makeFile(fileName, "#!/bin/sh\n" + script);
+    if (!QFile::setPermissions(target, QFile::permissions(target) | QFile::ExeOwner))
+        QTest::qFail(qPrintable(target), __FILE__, __LINE__);
     return target;
 }
 
