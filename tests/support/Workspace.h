@@ -26,6 +26,13 @@ public:
     /// Writes a file and gives its path.
     QString makeFile(const QString &fileName, const QByteArray &content) const;
 
+    /// Lays the machine's Poppler, Tesseract and English language data in tools/, as links.
+    void linkTools() const;
+
+    /// Puts a shell script in the place of a program, such as "tools/poppler/pdftotext", and gives
+    /// its path.
+    QString makeTool(const QString &fileName, const QByteArray &script) const;
+
     /// A file's bytes, to show that nothing changed in it.
     [[nodiscard]] QByteArray bytes(const QString &fileName) const;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/DialogRobot.h"
 #include "support/Person.h"
 #include "trips/TripForm.h"
 #include "trips/TripList.h"
@@ -36,6 +37,14 @@ public:
     void clicks(const QString &button) const { Person::clicks(window, button); }
     void clicksTrip(int row) const { Person::clicksCell(list(), row, TripNoColumn); }
     void types(const char *field, const QString &text) const { Person::types(line(field), text); }
+
+    /// Opens a file that is not there, after which none is open.
+    void losesItsFile(DialogRobot &robot) const
+    {
+        robot.expectContaining(DialogRobot::Critical, QStringLiteral("Database Error"),
+                               QStringLiteral("unable to open database file"));
+        page->openDatabase(QStringLiteral("no such folder/trips.db"));
+    }
 
     [[nodiscard]] TripList *list() const { return named<TripList>("tripList"); }
     [[nodiscard]] QComboBox *filter() const { return named<QComboBox>("payweekFilter"); }
