@@ -54,8 +54,8 @@ private:
 
     const TripContext &context;
     ItemEditor *costItems;
-    QPushButton *editButton;
-    std::array<QPushButton *, 3> editingButtons;
-    FuelGrid *grid;
-    QLabel *totalLine;
+    QPushButton *editButton = nullptr;
+    std::array<QPushButton *, 3> editingButtons = {};
+    FuelGrid *grid = nullptr;
+    QLabel *totalLine = nullptr;
 };

@@ -43,7 +43,8 @@ void FuelGrid::makeEditable(int row)
         QTableWidgetItem *cell = item(row, column);
         cell->setFlags(cell->flags().setFlag(Qt::ItemIsEditable, fuelEditMode));
     }
-    cellWidget(row, TypeColumn)->setEnabled(fuelEditMode);
+    if (QWidget *box = cellWidget(row, TypeColumn))
+        box->setEnabled(fuelEditMode);
 }
 
 void FuelGrid::appendRow(const TripRows::FuelRow &fuel)
@@ -72,7 +73,7 @@ void FuelGrid::putType(int row, const QString &type)
     guardFromWheel(box);
     putBox(row, TypeColumn, box, normalized);
     connect(box, &QComboBox::currentTextChanged, this,
-            [this, box](const QString &text) { followType(rowOfBox(box, TypeColumn), text); });
+            [this, box](const QString &text) { followType(box, text); });
 }
 
 void FuelGrid::putText(int row, int column, const QString &text)
@@ -117,12 +118,11 @@ void FuelGrid::followEdit(const QTableWidgetItem *cell)
     Q_EMIT rowEdited();
 }
 
-void FuelGrid::followType(int row, const QString &type)
+void FuelGrid::followType(const QWidget *box, const QString &type)
 {
-    {
-        const QSignalBlocker blocker(this);
-        item(row, TypeColumn)->setData(valueRole, DomainRules::normalizeFuelDetailType(type));
-    }
+    const int row = keepBelow(box, TypeColumn, DomainRules::normalizeFuelDetailType(type));
+    if (row < 0)
+        return;
     updatePrice(row);
     Q_EMIT rowEdited();
 }

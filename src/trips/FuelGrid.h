@@ -34,7 +34,7 @@ private:
     void putText(int row, int column, const QString &text);
     void updatePrice(int row);
     void followEdit(const QTableWidgetItem *cell);
-    void followType(int row, const QString &type);
+    void followType(const QWidget *box, const QString &type);
     void makeEditable(int row);
 
     bool fuelEditMode = false;

@@ -51,6 +51,6 @@ private:
 
     const ItemTexts texts;
     const TripContext &context;
-    ItemGrid *grid;
-    QLabel *totalLine;
+    ItemGrid *grid = nullptr;
+    QLabel *totalLine = nullptr;
 };

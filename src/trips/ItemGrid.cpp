@@ -34,10 +34,8 @@ void ItemGrid::putName(int row, const QString &name)
 {
     QComboBox *box = makeNameBox(names, name);
     putBox(row, NameColumn, box, name);
-    connect(box, &QComboBox::currentTextChanged, this, [this, box](const QString &text) {
-        const QSignalBlocker blocker(this);
-        item(rowOfBox(box, NameColumn), NameColumn)->setData(valueRole, text.trimmed());
-    });
+    connect(box, &QComboBox::currentTextChanged, this,
+            [this, box](const QString &text) { keepBelow(box, NameColumn, text.trimmed()); });
 }
 
 TripRows::ItemRow ItemGrid::itemAt(int row) const

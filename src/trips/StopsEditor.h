@@ -48,6 +48,6 @@ private:
 
     const TripContext &context;
     LocationCodes locations;
-    StopsGrid *grid;
-    QLabel *summary;
+    StopsGrid *grid = nullptr;
+    QLabel *summary = nullptr;
 };

@@ -70,13 +70,15 @@ void StopsGrid::putWindow(int row, bool hasWindow)
     box->setChecked(hasWindow);
     putBox(row, WindowColumn, box, hasWindow ? 1 : 0);
     followWindow(row, hasWindow);
-    connect(box, &QCheckBox::toggled, this,
-            [this, box](bool checked) { followWindow(rowOfBox(box, WindowColumn), checked); });
+    connect(box, &QCheckBox::toggled, this, [this, box](bool checked) {
+        const int rowNow = keepBelow(box, WindowColumn, checked ? 1 : 0);
+        if (rowNow >= 0)
+            followWindow(rowNow, checked);
+    });
 }
 
 void StopsGrid::followWindow(int row, bool hasWindow)
 {
-    item(row, WindowColumn)->setData(valueRole, hasWindow ? 1 : 0);
     QTableWidgetItem *latest = item(row, LatestColumn);
     latest->setFlags(latest->flags().setFlag(Qt::ItemIsEditable, hasWindow));
     if (!hasWindow)

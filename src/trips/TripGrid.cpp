@@ -113,11 +113,14 @@ QString TripGrid::boxText(int row, int column) const
     return kept.isEmpty() ? cellText(row, column).trimmed() : kept;
 }
 
-int TripGrid::rowOfBox(const QWidget *box, int column) const
+int TripGrid::keepBelow(const QWidget *box, int column, const QVariant &value)
 {
     for (int row = 0; row < rowCount(); ++row) {
-        if (cellWidget(row, column) == box)
-            return row;
+        if (cellWidget(row, column) != box)
+            continue;
+        const QSignalBlocker blocker(this);
+        item(row, column)->setData(valueRole, value);
+        return row;
     }
     return -1;
 }

@@ -45,8 +45,10 @@ protected:
     /// Shows what was typed into a money cell as money, without telling of a change.
     void normalizeMoney(int row, int column);
 
-    /// The row whose cell holds `box`; rows move, so it is looked for. -1 if there is none.
-    [[nodiscard]] int rowOfBox(const QWidget *box, int column) const;
+    /// Lets the item below `box` keep another value, without telling of a change. Gives the row;
+    /// rows move, so it is looked for. -1 for a box that has left the grid: it is deleted only
+    /// later, and tells of its text once more when it loses the focus.
+    int keepBelow(const QWidget *box, int column, const QVariant &value);
 
 private:
     void fitBox(int row, int column);
