@@ -130,6 +130,7 @@ void BrindlepathApp::buildStatusLine()
     statusLabel = new QLabel(tr("Ready"), this);
     statusLabel->setObjectName(u"statusLabel"_s);
     statusLabel->setIndent(6);
+    statusLabel->setTextFormat(Qt::PlainText); // as the bar shows it, whatever a file holds
     // Permanent, so that the label shows the text and not the label and the bar over each other.
     statusBar()->addPermanentWidget(statusLabel, 1);
 }

@@ -39,6 +39,7 @@ QLabel *summaryRow(QGridLayout *rows, int row, const QString &caption, const QSt
     captionLabel->setMinimumWidth(captionWidth);
     auto *value = new QLabel(text, group);
     value->setObjectName(name);
+    value->setTextFormat(Qt::PlainText); // a trip number such as "<i>7" is no markup
     rows->addWidget(captionLabel, row, 0);
     rows->addWidget(value, row, 1);
     return value;
@@ -87,6 +88,7 @@ QWidget *BrindlepathApp::buildRecentActivity()
     layout->setContentsMargins(12, 12, 12, 12);
     startActivityLabel = new QLabel(tr("No recent activity available."), group);
     startActivityLabel->setObjectName(u"startActivityLabel"_s);
+    startActivityLabel->setTextFormat(Qt::PlainText);
     startActivityLabel->setWordWrap(true);
     layout->addWidget(startActivityLabel);
     return group;

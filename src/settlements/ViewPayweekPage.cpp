@@ -100,6 +100,7 @@ QLabel *ViewPayweekPage::buildNote()
     note = new QLabel(tr("Open trips.db and choose a payweek."), this);
     note->setObjectName(u"payweekNote"_s);
     note->setWordWrap(true);
+    note->setTextFormat(Qt::PlainText);
     return note;
 }
 

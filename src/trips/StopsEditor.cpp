@@ -58,9 +58,9 @@ void StopsEditor::loadStops(int tripId)
         return;
     }
     grid->setUpdatesEnabled(false);
+    grid->rescaleForStops(); // a new box takes the width that its column has by then
     for (const TripRows::StopRow &stop : std::as_const(stops))
         grid->appendStop(stop, locations.codes());
-    grid->rescaleForStops();
     grid->setUpdatesEnabled(true);
     updateStopsSummary();
 }

@@ -14,12 +14,12 @@ namespace TripRows {
 /// A stop as stored: appointments as text, ISO where this program wrote them.
 struct StopRow
 {
-    QString type;
-    QString locationCode;
-    QString appointment;
-    QString order;
+    QString type = {};
+    QString locationCode = {};
+    QString appointment = {};
+    QString order = {};
     bool hasWindow = false;
-    QString latest;
+    QString latest = {};
 };
 
 /// A pay or cost item, in dollars.

@@ -1,3 +1,4 @@
+#include "app/ApplicationSetup.h"
 #include "app/BrindlepathApp.h"
 #include "data/DatabaseLocator.h"
 #include "data/SqlStatement.h"
@@ -37,7 +38,7 @@ private Q_SLOTS:
     void firstRowIsSelectedWithoutATitleChange();
     void startWithoutDatabasesIsSilentAndMakesNoFile();
     void startOpensTripsAndThePayweek();
-    void damagedFileGivesOneBoxAPageAndAUsableWindow();
+    void damagedFileGivesItsBoxesAndAUsableWindow();
     void directoryNamedTripsDbGivesOneBoxAPage();
     void zeroByteFileGivesTheBoxesOfEachPageOnce();
     void choosingAPageWritesTitleAndStatus();
@@ -58,6 +59,10 @@ private Q_SLOTS:
     void statusTextIsShownOnce();
     void scaleIsClampedAndReachesTheWholeWindow();
     void savedScaleOutsideTheRangeIsClamped();
+    void programClampsTheScaleOnlyInItsWindow();
+    void markupInATextIsShownAsItStands();
+    void rowThatIsNoPageChangesNothing();
+    void tripsKeepTheirListWhileAnotherPageIsShown();
     void helpMenuShowsTheAboutDialog();
 
 private:
@@ -133,6 +138,7 @@ void tst_BrindlepathApp::formLeavesOnlyItsBars()
     const auto *toolBar = named<QToolBar>(window, "mainToolBar");
     QVERIFY(toolBar);
     QCOMPARE(toolBar->actions().size(), 0);
+    QCOMPARE(window.toolBarArea(toolBar), Qt::TopToolBarArea);
     QCOMPARE(window.size(), QSize(600, 400));
 }
 
@@ -182,7 +188,7 @@ void tst_BrindlepathApp::startOpensTripsAndThePayweek()
     QCOMPARE(status(window), u"Loaded View Payweek summary for 04/18/2026"_s);
 }
 
-void tst_BrindlepathApp::damagedFileGivesOneBoxAPageAndAUsableWindow()
+void tst_BrindlepathApp::damagedFileGivesItsBoxesAndAUsableWindow()
 {
     const Workspace workspace;
     const QByteArray noise("this is no database, whatever its name says; "
@@ -215,6 +221,7 @@ void tst_BrindlepathApp::directoryNamedTripsDbGivesOneBoxAPage()
     const BrindlepathApp window;
     QCOMPARE(startValue(window, "startDatabaseValue"), u"trips.db"_s);
     QCOMPARE(startValue(window, "startTripsValue"), u"Not available"_s);
+    QCOMPARE(status(window), u"Ready"_s);
     QVERIFY(QDir(workspace.path(u"trips.db"_s)).isEmpty());
 }
 
@@ -478,6 +485,7 @@ void tst_BrindlepathApp::scaleIsClampedAndReachesTheWholeWindow()
     window.applyUiScale(40);
     QCOMPARE(QApplication::font().pointSize(), 8);
     QCOMPARE(named<QPushButton>(window, "newTripButton")->minimumHeight(), 28);
+    QCOMPARE(named<QTableWidget>(window, "stopsGrid")->columnWidth(3), 165); // as at 75
 }
 
 void tst_BrindlepathApp::savedScaleOutsideTheRangeIsClamped()
@@ -487,6 +495,57 @@ void tst_BrindlepathApp::savedScaleOutsideTheRangeIsClamped()
     const BrindlepathApp window;
     QCOMPARE(QApplication::font().pointSize(), 8);
     QCOMPARE(named<QPushButton>(window, "newTripButton")->minimumHeight(), 28);
+    QCOMPARE(named<QTableWidget>(window, "stopsGrid")->columnWidth(3), 165); // as at 75
+}
+
+void tst_BrindlepathApp::programClampsTheScaleOnlyInItsWindow()
+{
+    const Workspace workspace;
+    Workspace::saveScale(500);
+    setUpApplication();
+    QCOMPARE(QApplication::font().pointSize(), 50);
+    const BrindlepathApp window;
+    QCOMPARE(QApplication::font().pointSize(), 17);
+}
+
+void tst_BrindlepathApp::markupInATextIsShownAsItStands()
+{
+    Workspace workspace;
+    workspace.makeTrips();
+    trip().no(u"<i>7"_s).payweek(u"<b>1/4/2026"_s).insert(workspace);
+    BrindlepathApp window;
+    window.setStatusText(u"Opened <b>trips.db"_s);
+    for (const char *label : {"statusLabel", "startDatabaseValue", "startPayweekValue",
+                              "startActivityLabel", "payweekNote"})
+        QCOMPARE(named<QLabel>(window, label)->textFormat(), Qt::PlainText);
+}
+
+void tst_BrindlepathApp::rowThatIsNoPageChangesNothing()
+{
+    const Workspace workspace;
+    BrindlepathApp window;
+    Person::shows(window);
+    goTo(window, u"Trips"_s);
+    auto *navigation = named<QListWidget>(window, "navigationList");
+    navigation->setCurrentRow(-1);
+    navigation->addItem(u"Surplus"_s);
+    navigation->setCurrentRow(navigation->count() - 1);
+    QCOMPARE(named<QStackedWidget>(window, "pageStack")->currentIndex(), 1);
+    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - Trips"_s);
+    QCOMPARE(status(window), u"Current Page: Trips"_s);
+}
+
+void tst_BrindlepathApp::tripsKeepTheirListWhileAnotherPageIsShown()
+{
+    Workspace workspace;
+    workspace.makeTrips();
+    BrindlepathApp window;
+    Person::shows(window);
+    goTo(window, u"Trips"_s);
+    trip().no(u"4471203"_s).insert(workspace);
+    goTo(window, u"Start Screen"_s);
+    goTo(window, u"Trips"_s);
+    QCOMPARE(named<QTableWidget>(window, "tripList")->rowCount(), 0);
 }
 
 void tst_BrindlepathApp::helpMenuShowsTheAboutDialog()
