@@ -36,7 +36,10 @@ QComboBox *OfferedTexts::makeBox(const QString &text, int leastLength) const
 void showInBox(QComboBox *box, const QString &text)
 {
     const QString wanted = text.trimmed();
-    box->setCurrentIndex(wanted.isEmpty() ? -1 : box->findText(wanted, Qt::MatchFixedString));
+    int index = wanted.isEmpty() ? -1 : box->findText(wanted);
+    if (index < 0 && !wanted.isEmpty()) // in another spelling, but not if its own is there too
+        index = box->findText(wanted, Qt::MatchFixedString);
+    box->setCurrentIndex(index);
     if (box->currentIndex() < 0)
         box->setEditText(wanted);
 }

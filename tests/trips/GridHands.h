@@ -41,7 +41,8 @@ inline void typesIntoCell(QTableWidget *grid, int row, int column, const QString
     }
     Person::types(line, text);
     QTest::keyClick(line, Qt::Key_Return);
-    // The cell takes the text only after the line has had its turn with the key; then the line goes.
+    // The cell takes the text only after the line has had its turn with the key; then the line
+    // goes.
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(line, QEvent::DeferredDelete);
 }

@@ -13,6 +13,7 @@ struct ItemTwin
     QString table;
     QString otherTable;
     QString objectName;
+    QString otherObjectName;
     QString title;
     QString addButton;
     QString removeButton;
@@ -43,6 +44,7 @@ inline void addItemTwins()
         .table = u"trip_pay_items"_s,
         .otherTable = u"trip_cost_items"_s,
         .objectName = u"payItems"_s,
+        .otherObjectName = u"costItems"_s,
         .title = u"Pay Items"_s,
         .addButton = u"Add Pay Item Row"_s,
         .removeButton = u"Remove Selected Pay Item"_s,
@@ -56,8 +58,7 @@ inline void addItemTwins()
         .loadFailed = u"Load Pay Items Failed"_s,
         .saveFailed = u"Save Pay Items Failed"_s,
         .missingNameTitle = u"Pay Item Missing Name"_s,
-        .missingName =
-            u"A pay item row has an amount but no name. Add a name or remove the row."_s,
+        .missingName = u"A pay item row has an amount but no name. Add a name or remove the row."_s,
         .noTrip = u"Load or save a trip before saving pay items."_s,
         .saved = u"Saved pay items for current trip."_s,
         .namesFailed = u"Pay Item Name Query Error"_s,
@@ -66,6 +67,7 @@ inline void addItemTwins()
         .table = u"trip_cost_items"_s,
         .otherTable = u"trip_pay_items"_s,
         .objectName = u"costItems"_s,
+        .otherObjectName = u"payItems"_s,
         .title = u"Cost Items"_s,
         .addButton = u"Add Cost Item Row"_s,
         .removeButton = u"Remove Selected Cost Item"_s,
@@ -101,10 +103,8 @@ public:
     {
     }
 
-    [[nodiscard]] ItemGrid *grid() const
-    {
-        return page->findChild<ItemGrid *>(twin.objectName + QLatin1StringView("Grid"));
-    }
+    [[nodiscard]] ItemGrid *grid() const { return gridOf(twin.objectName); }
+    [[nodiscard]] ItemGrid *otherGrid() const { return gridOf(twin.otherObjectName); }
     [[nodiscard]] QComboBox *nameBox(int row) const
     {
         return boxAt(grid(), row, ItemGrid::NameColumn);
@@ -119,8 +119,8 @@ public:
     {
         QList<QStringList> rows;
         for (int row = 0; row < grid()->rowCount(); ++row)
-            rows.append({nameBox(row)->currentText(),
-                         grid()->item(row, ItemGrid::AmountColumn)->text()});
+            rows.append(
+                {nameBox(row)->currentText(), grid()->item(row, ItemGrid::AmountColumn)->text()});
         return rows;
     }
 
@@ -144,6 +144,12 @@ public:
     }
 
     ItemTwin twin;
+
+private:
+    [[nodiscard]] ItemGrid *gridOf(const QString &objectName) const
+    {
+        return page->findChild<ItemGrid *>(objectName + QLatin1StringView("Grid"));
+    }
 };
 
 /// What the file holds of the grid's table: trip, name and amount, as entered.

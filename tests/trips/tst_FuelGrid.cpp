@@ -4,6 +4,7 @@
 #include "trips/FuelGrid.h"
 
 #include <QComboBox>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -41,8 +42,8 @@ private Q_SLOTS:
     {
         const Workspace workspace;
         const FuelGrid grid;
-        QCOMPARE(headers(&grid), QStringList({u"Item Type"_s, u"Cost"_s, u"Discount"_s,
-                                              u"Gallons"_s, u"$/Gal"_s}));
+        QCOMPARE(headers(&grid),
+                 QStringList({u"Item Type"_s, u"Cost"_s, u"Discount"_s, u"Gallons"_s, u"$/Gal"_s}));
         QCOMPARE(grid.columnWidth(FuelGrid::TypeColumn), 150);
         for (int column = FuelGrid::CostColumn; column <= FuelGrid::PriceColumn; ++column)
             QCOMPARE(grid.columnWidth(column), 120);
@@ -57,8 +58,8 @@ private Q_SLOTS:
         const Workspace workspace;
         FuelGrid grid;
         grid.appendRow(truckFuel());
-        QCOMPARE(texts(&grid), QList<QStringList>({{u""_s, u"$412.80"_s, u"$25.00"_s, u"100"_s,
-                                                    u"$3.8780"_s}}));
+        QCOMPARE(texts(&grid),
+                 QList<QStringList>({{u""_s, u"$412.80"_s, u"$25.00"_s, u"100"_s, u"$3.8780"_s}}));
         for (int column : {FuelGrid::CostColumn, FuelGrid::DiscountColumn, FuelGrid::PriceColumn})
             QCOMPARE(Qt::Alignment(grid.item(0, column)->textAlignment()),
                      Qt::AlignRight | Qt::AlignVCenter);
@@ -181,14 +182,13 @@ private Q_SLOTS:
         const QString discount = u"$25.00"_s;
         const QString gallons = u"100"_s;
         QTest::newRow("cost") << int(FuelGrid::CostColumn) << u"$1,025.5"_s
-                              << QStringList({u""_s, u"$1025.50"_s, discount, gallons,
-                                              u"$10.0050"_s});
+                              << QStringList(
+                                     {u""_s, u"$1025.50"_s, discount, gallons, u"$10.0050"_s});
         QTest::newRow("words as cost")
             << int(FuelGrid::CostColumn) << u"abc"_s
             << QStringList({u""_s, u"$0.00"_s, discount, gallons, u"$-0.2500"_s});
         QTest::newRow("discount") << int(FuelGrid::DiscountColumn) << u"12.8"_s
-                                  << QStringList({u""_s, cost, u"$12.80"_s, gallons,
-                                                  u"$4.0000"_s});
+                                  << QStringList({u""_s, cost, u"$12.80"_s, gallons, u"$4.0000"_s});
         QTest::newRow("discount below zero")
             << int(FuelGrid::DiscountColumn) << u"-25"_s
             << QStringList({u""_s, cost, u"$-25.00"_s, gallons, u"$4.3780"_s});
@@ -241,6 +241,22 @@ private Q_SLOTS:
         Person::chooses(typeBox(grid, 0), u"Def"_s);
         QCOMPARE(grid.item(0, FuelGrid::TypeColumn)->data(Qt::UserRole).toString(), u"Def"_s);
         QCOMPARE(column(&grid, u"$/Gal"_s), QStringList({u""_s}));
+    }
+
+    void boxThatHasLeftTheGridMovesNothing()
+    {
+        const Workspace workspace;
+        FuelGrid grid;
+        grid.setFuelEditMode(true);
+        grid.appendRow({u"Def"_s, 21.35, 0.0, u"5"_s});
+        grid.appendRow(truckFuel());
+        const QPointer<QComboBox> box = typeBox(grid, 0);
+        grid.removeRow(0);
+        const QSignalSpy edits(&grid, &FuelGrid::rowEdited);
+        QVERIFY(box); // it is deleted only later
+        Person::chooses(box, u"Reefer Fuel"_s);
+        QCOMPARE(grid.valuesAt(0).itemType, u"Truck Fuel"_s);
+        QCOMPARE(edits.size(), 0);
     }
 
     void wheelOverATypeChangesNothing()

@@ -222,8 +222,8 @@ private Q_SLOTS:
 
     void fuelWithoutGallonsCountsInNoAverage()
     {
-        QCOMPARE(FuelRowRules::totalLine({{u"Truck Fuel"_s, 400.0, 0.0, 100.0},
-                                          {u"Truck Fuel"_s, 50.0, 0.0, 0.0}}),
+        QCOMPARE(FuelRowRules::totalLine(
+                     {{u"Truck Fuel"_s, 400.0, 0.0, 100.0}, {u"Truck Fuel"_s, 50.0, 0.0, 0.0}}),
                  u"Fuel totals: Rows 2 | Cost $450.00 | Discount $0.00 | Net $450.00 | "
                  "Gallons 100.000 | Truck avg $4.0000/gal | Reefer avg n/a"_s);
     }
