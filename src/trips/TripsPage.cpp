@@ -223,16 +223,15 @@ void TripsPage::refresh()
 
 void TripsPage::reloadPayweekFilter()
 {
+    const QString chosen = payweekFilter->currentText();
+    const QSignalBlocker blocker(payweekFilter);
+    payweekFilter->clear();
+    payweekFilter->addItem(tr("All Payweeks"));
     QStringList payweeks;
     QString error;
     if (tripsDatabase.isOpen()
         && !TripsRepository::listTripPayweeks(tripsDatabase, payweeks, error))
         QMessageBox::critical(this, tr("Payweek Query Error"), error);
-
-    const QString chosen = payweekFilter->currentText();
-    const QSignalBlocker blocker(payweekFilter);
-    payweekFilter->clear();
-    payweekFilter->addItem(tr("All Payweeks"));
     payweekFilter->addItems(payweeks);
     payweekFilter->setCurrentIndex(std::max(0, payweekFilter->findText(chosen)));
 }

@@ -8,6 +8,7 @@
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -29,17 +30,91 @@ private Q_SLOTS:
             visited.append(trips.window.focusWidget()->objectName());
             QTest::keyClick(trips.window.focusWidget(), Qt::Key_Tab);
         }
-        QCOMPARE(visited,
-                 QStringList({u"openTripsButton"_s, u"refreshTripsButton"_s, u"payweekFilter"_s,
-                              u"newTripButton"_s, u"saveTripButton"_s, u"deleteTripButton"_s,
-                              u"tripList"_s, u"tripNoField"_s, u"payweekField"_s,
-                              u"emptyMilesField"_s, u"loadedMilesField"_s, u"linehaulField"_s,
-                              u"fusuField"_s, u"carrierPercentField"_s, u"stopsAddButton"_s, u"stopsRemoveButton"_s, u"stopsSaveButton"_s, u"stopsGrid"_s,
-                              u"payItemsAddButton"_s, u"payItemsRemoveButton"_s,
-                              u"payItemsSaveButton"_s, u"payItemsGrid"_s,
-                              u"costItemsAddButton"_s, u"costItemsRemoveButton"_s,
-                              u"costItemsSaveButton"_s, u"costItemsGrid"_s, u"fuelEditButton"_s,
-                              u"fuelScanButton"_s, u"fuelGrid"_s, u"tripDetails"_s}));
+        QCOMPARE(visited, QStringList({u"openTripsButton"_s,
+                                       u"refreshTripsButton"_s,
+                                       u"payweekFilter"_s,
+                                       u"newTripButton"_s,
+                                       u"saveTripButton"_s,
+                                       u"deleteTripButton"_s,
+                                       u"tripList"_s,
+                                       u"tripNoField"_s,
+                                       u"payweekField"_s,
+                                       u"emptyMilesField"_s,
+                                       u"loadedMilesField"_s,
+                                       u"linehaulField"_s,
+                                       u"fusuField"_s,
+                                       u"carrierPercentField"_s,
+                                       u"stopsAddButton"_s,
+                                       u"stopsRemoveButton"_s,
+                                       u"stopsSaveButton"_s,
+                                       u"stopsGrid"_s,
+                                       u"payItemsAddButton"_s,
+                                       u"payItemsRemoveButton"_s,
+                                       u"payItemsSaveButton"_s,
+                                       u"payItemsGrid"_s,
+                                       u"costItemsAddButton"_s,
+                                       u"costItemsRemoveButton"_s,
+                                       u"costItemsSaveButton"_s,
+                                       u"costItemsGrid"_s,
+                                       u"fuelEditButton"_s,
+                                       u"fuelScanButton"_s,
+                                       u"fuelGrid"_s,
+                                       u"tripDetails"_s}));
+    }
+
+    void sectionsStandFromTopToBottom()
+    {
+        const Workspace workspace;
+        const TripsPage page;
+        const auto *area = page.findChild<QScrollArea *>();
+        QCOMPARE(area->widgetResizable(), true);
+        QCOMPARE(area->frameShape(), QFrame::NoFrame);
+        QCOMPARE(page.layout()->contentsMargins(), QMargins());
+        const auto *sections = qobject_cast<QVBoxLayout *>(area->widget()->layout());
+        QCOMPARE(sections->contentsMargins(), QMargins(12, 12, 12, 12));
+        QCOMPARE(sections->spacing(), 8);
+        const auto *heading = qobject_cast<QLabel *>(sections->itemAt(0)->widget());
+        QCOMPARE(heading->text(), u"Trips"_s);
+        QCOMPARE(heading->font().pointSize(), 14);
+        QCOMPARE(heading->font().bold(), true);
+        QStringList titles;
+        QList<int> stretches;
+        for (int i = 0; i < sections->count(); ++i) {
+            if (const auto *group = qobject_cast<QGroupBox *>(sections->itemAt(i)->widget()))
+                titles.append(group->title());
+            stretches.append(sections->stretch(i));
+        }
+        QCOMPARE(titles, QStringList({u"Trip Form"_s, u"Stops"_s, u"Pay Items"_s, u"Cost Items"_s,
+                                      u"Fuel / DEF Details"_s}));
+        QCOMPARE(stretches, QList<int>({0, 0, 2, 1, 2, 2, 2, 2, 0}));
+    }
+
+    void actionsStandInARow()
+    {
+        const Workspace workspace;
+        const TripsPage page;
+        const auto *row = page.findChild<QScrollArea *>()->widget()->layout()->itemAt(1)->layout();
+        QStringList parts;
+        for (int i = 0; i < row->count(); ++i) {
+            QWidget *widget = row->itemAt(i)->widget();
+            const auto *label = qobject_cast<QLabel *>(widget);
+            parts.append(label    ? label->text()
+                         : widget ? widget->objectName()
+                                  : QString::number(row->itemAt(i)->sizeHint().width()));
+        }
+        QCOMPARE(parts, QStringList({u"openTripsButton"_s, u"refreshTripsButton"_s, u"12"_s,
+                                     u"Payweek:"_s, u"payweekFilter"_s, u"12"_s, u"newTripButton"_s,
+                                     u"saveTripButton"_s, u"deleteTripButton"_s, u"0"_s}));
+        QCOMPARE(page.findChild<QComboBox *>(u"payweekFilter"_s)->minimumWidth(), 150);
+    }
+
+    void rowWithoutATripIdShowsItsStoredHours()
+    {
+        Workspace workspace;
+        const QString path = workspace.makeTrips();
+        trip().set(u"id"_s, -1).set(u"trip_hours"_s, 99).insert(workspace);
+        const TripsWindow trips(path);
+        QCOMPARE(column(trips.list(), u"Trip Hours"_s), QStringList({u"99"_s}));
     }
 
     void hoursOfTheListComeFromTheStops()

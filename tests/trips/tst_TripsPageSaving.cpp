@@ -277,6 +277,41 @@ private Q_SLOTS:
         QCOMPARE(workspace.value(u"SELECT COUNT(*) FROM trips"_s).toInt(), 0);
     }
 
+    void hoursAndFuelCostsAreThereThoughTheUpdateFails()
+    {
+        Workspace workspace;
+        DialogRobot robot;
+        const QString path = workspace.makeTrips();
+        const qint64 id = insertWorkedTrip(workspace, u"4471203"_s);
+        fuel(id, u"Truck Fuel"_s, 412.8, 25.0, 100.0).insert(workspace);
+        const TripsWindow trips(path);
+        trips.clicksTrip(0);
+        trips.named<QLabel>("tripHoursLabel")->clear();
+        workspace.execute(u"CREATE TRIGGER full BEFORE UPDATE ON trips "
+                          "BEGIN SELECT RAISE(FAIL, 'the book is full'); END"_s);
+        robot.expect(DialogRobot::Critical, u"Update Trip Failed"_s,
+                     u"the book is full Unable to fetch row"_s);
+        trips.clicks(saveButton);
+        QCOMPARE(trips.named<QLabel>("tripHoursLabel")->text(), u"13.00"_s);
+        QCOMPARE(column(trips.named<QTableWidget>("costItemsGrid"), u"Amount"_s),
+                 QStringList({u"$300.00"_s, u"$387.80"_s}));
+        QCOMPARE(workspace.value(u"SELECT COUNT(*) FROM trip_cost_items"_s).toInt(), 1);
+    }
+
+    void tripDeletedElsewhereIsStillReportedAsUpdated()
+    {
+        Workspace workspace;
+        const QString path = workspace.makeTrips();
+        insertWorkedTrip(workspace, u"4471203"_s);
+        const TripsWindow trips(path);
+        trips.clicksTrip(0);
+        workspace.execute(u"DELETE FROM trips"_s);
+        trips.clicks(saveButton);
+        QCOMPARE(trips.statuses.first(), u"Updated trip: 4471203"_s);
+        QCOMPARE(trips.list()->rowCount(), 0);
+        QCOMPARE(workspace.value(u"SELECT COUNT(*) FROM trips"_s).toInt(), 0);
+    }
+
     void failedUpdateIsToldAndNothingElseGoesOn()
     {
         Workspace workspace;
