@@ -169,6 +169,9 @@ private Q_SLOTS:
         window.clicksTrip(0);
         window.savesStops();
         QCOMPARE(storedStops(workspace), QList<QStringList>({firstStored}));
+        window.latest(0)->setText(u"left over"_s); // which no person can type there
+        window.savesStops();
+        QCOMPARE(storedStops(workspace), QList<QStringList>({firstStored}));
         QCOMPARE(robot.seen().size(), 0);
     }
 
