@@ -184,9 +184,10 @@ void tst_FuelRules::eachRuleReadsAFuelNameInItsOwnWay_data()
                         const QString &payweekGroup, bool isDef, const QString &analyticsGroup) {
         QTest::newRow(text) << detailType << costName << payweekGroup << isDef << analyticsGroup;
     };
-    for (const char *text :
-         {"truck fuel", "truckfuel", "tractor fuel", "fuel truck", " TRUCK_Fuel\t", "Truck - Fuel",
-          "truck \t fuel", "truck\xa0 \xa0" "fuel"})
+    for (const char *text : {"truck fuel", "truckfuel", "tractor fuel", "fuel truck",
+                             " TRUCK_Fuel\t", "Truck - Fuel", "truck \t fuel",
+                             "truck\xa0 \xa0"
+                             "fuel"})
         row(text, truck, truck, truck, false, truck);
     for (const char *text : {"reefer fuel", "reeferfuel", "fuel reefer", "Reefer-Fuel"})
         row(text, reefer, reefer, reefer, false, reefer);

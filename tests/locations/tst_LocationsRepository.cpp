@@ -1,5 +1,4 @@
 #include "locations/LocationsRepository.h"
-
 #include "support/TestConnection.h"
 #include "support/Workspace.h"
 
@@ -13,7 +12,7 @@ namespace {
 const QString upstate = u"INSERT INTO locations (code, name, street, city, state, zip, lat, lon, "
                         "notes) VALUES ('ALB1', 'Dock 1', '1 Pier St', 'Albany', 'NY', '12202', "
                         "42.65, -73.75, 'No parking')"_s;
-const QStringList albany = {u"ALB1"_s,   u"Dock 1"_s, u"1 Pier St"_s, u"Albany"_s,    u"NY"_s,
+const QStringList albany = {u"ALB1"_s,  u"Dock 1"_s, u"1 Pier St"_s, u"Albany"_s,    u"NY"_s,
                             u"12202"_s, u"42.65"_s,  u"-73.75"_s,    u"No parking"_s};
 
 QStringList located(const QString &code, const QString &latitude)
@@ -234,9 +233,10 @@ private Q_SLOTS:
         QString error = u"left over"_s;
         QVERIFY(addLocationCode(file.database(), u"NEW1"_s, error));
         QCOMPARE(error, QString());
-        QCOMPARE(file.value(u"SELECT code || '|' || name || street || city || state || zip || notes "
-                            "|| typeof(lat) || typeof(lon) FROM locations"_s),
-                 u"NEW1|nullnull"_s);
+        QCOMPARE(
+            file.value(u"SELECT code || '|' || name || street || city || state || zip || notes "
+                       "|| typeof(lat) || typeof(lon) FROM locations"_s),
+            u"NEW1|nullnull"_s);
     }
 
     void addedCodeLeavesAKnownLocationAlone()

@@ -226,11 +226,19 @@ private Q_SLOTS:
         QCOMPARE(headersWithout(u" ↕"_s, list), QStringList({u"Trip # ▼"_s}));
     }
 
+    void refillWithoutASortShowsTheNewestFirst_data()
+    {
+        QTest::addColumn<int>("section");
+        QTest::newRow("none") << -1;
+        QTest::newRow("beyond the columns") << 20;
+    }
+
     void refillWithoutASortShowsTheNewestFirst()
     {
+        QFETCH(const int, section);
         const Workspace workspace;
         TripList list;
-        list.horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+        list.horizontalHeader()->setSortIndicator(section, Qt::AscendingOrder);
         list.showTrips(fiveTrips);
         QCOMPARE(column(&list, u"ID"_s).first(), u"101"_s);
         QCOMPARE(headersWithout(u" ↕"_s, list), QStringList({u"ID ▼"_s}));

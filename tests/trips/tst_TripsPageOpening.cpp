@@ -39,6 +39,19 @@ private Q_SLOTS:
         QCOMPARE(QDir(workspace.path(u"."_s)).entryList(QDir::Files), QStringList());
     }
 
+    void locationsAreLookedForEvenWithoutTrips()
+    {
+        const Workspace workspace;
+        QVERIFY(QDir().mkdir(workspace.path(u"locations.db"_s)));
+        const DialogRobot robot;
+        const TripsWindow trips;
+        trips.page->autoOpen();
+        QCOMPARE(trips.statuses,
+                 QStringList({u"Could not open locations DB for stop code dropdown: "
+                              "unable to open database file Error opening database"_s}));
+        QCOMPARE(robot.seen().size(), 0);
+    }
+
     void buttonAsksForAFile()
     {
         Workspace workspace;
@@ -211,6 +224,20 @@ private Q_SLOTS:
         QCOMPARE(trips.list()->rowCount(), 0);
         QCOMPARE(trips.filter()->currentText(), u"All Payweeks"_s);
         QCOMPARE(QSqlDatabase::database(u"trips_connection"_s, false).databaseName(), older);
+    }
+
+    void loadedTripStaysInTheFormWhenAnotherFileIsOpened()
+    {
+        Workspace workspace;
+        const QString older = workspace.makeTrips(u"older.db"_s);
+        const QString path = workspace.makeTrips();
+        insertWorkedTrip(workspace, u"4471203"_s);
+        const TripsWindow trips(path);
+        trips.clicksTrip(0);
+        const QStringList loaded = trips.form();
+        trips.page->openDatabase(older);
+        QCOMPARE(trips.form(), loaded);
+        QCOMPARE(trips.form().first(), u"1"_s);
     }
 
     void pageThatGoesClosesItsFileAndLeavesTheName()

@@ -298,6 +298,30 @@ private Q_SLOTS:
         QCOMPARE(workspace.value(u"SELECT COUNT(*) FROM trip_cost_items"_s).toInt(), 1);
     }
 
+    void saveGoesOnToItsEndThoughEveryGridFails()
+    {
+        Workspace workspace;
+        DialogRobot robot;
+        const QString path = workspace.makeTrips();
+        const qint64 id = insertWorkedTrip(workspace, u"4471203"_s);
+        fuel(id, u"Truck Fuel"_s, 412.8, 25.0, 100.0).insert(workspace);
+        const TripsWindow trips(path);
+        trips.clicksTrip(0);
+        for (const QString &table :
+             {u"trip_stops"_s, u"trip_pay_items"_s, u"trip_cost_items"_s, u"trip_detail_items"_s})
+            workspace.execute(u"CREATE TRIGGER full_%1 BEFORE INSERT ON %1 "
+                              "BEGIN SELECT RAISE(FAIL, 'the book is full'); END"_s.arg(table));
+        const QString reason = u"the book is full"_s;
+        for (const QString &title : {u"Save Stops Failed"_s, u"Save Pay Items Failed"_s,
+                                     u"Save Cost Items Failed"_s, u"Save Fuel Details Failed"_s})
+            robot.expectContaining(DialogRobot::Critical, title, reason);
+        trips.clicks(saveButton);
+        QCOMPARE(robot.seen().size(), 4);
+        QCOMPARE(trips.statuses, QStringList({u"Updated trip: 4471203"_s, u"Loaded 1 trips"_s}));
+        QCOMPARE(trips.named<QLabel>("tripHoursLabel")->text(), u"13.00"_s);
+        QCOMPARE(trips.named<QTableWidget>("fuelGrid")->rowCount(), 1);
+    }
+
     void tripDeletedElsewhereIsStillReportedAsUpdated()
     {
         Workspace workspace;
