@@ -26,7 +26,9 @@ PdfExtractionResult extractShowingThatItTakesTime(const QString &pdfPath)
     return extracted;
 }
 
-QString failureText(const PdfExtractionResult &extracted)
+} // namespace
+
+QString fuelScanFailureText(const PdfExtractionResult &extracted)
 {
     QString text = extracted.errorMessage.trimmed();
     if (text.isEmpty())
@@ -35,8 +37,6 @@ QString failureText(const PdfExtractionResult &extracted)
         text += tr("\n\nDetails:\n") + extracted.logLines.join(u'\n');
     return text;
 }
-
-} // namespace
 
 QList<FuelReviewRow> scanSettlementForFuel(QWidget *page, const QString &tripNo,
                                            const std::function<void(const QString &)> &report)
@@ -48,7 +48,7 @@ QList<FuelReviewRow> scanSettlementForFuel(QWidget *page, const QString &tripNo,
     report(tr("Scanning settlement PDF for fuel rows on trip %1...").arg(tripNo));
     const PdfExtractionResult extracted = extractShowingThatItTakesTime(pdfPath);
     if (!extracted.success) {
-        QMessageBox::warning(page, tr("Fuel Scan Failed"), failureText(extracted));
+        QMessageBox::warning(page, tr("Fuel Scan Failed"), fuelScanFailureText(extracted));
         report(tr("Fuel scan failed."));
         return {};
     }

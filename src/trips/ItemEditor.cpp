@@ -113,7 +113,7 @@ void ItemEditor::replaceItems(bool (*isReplaced)(const QString &name),
             grid->removeRow(row);
     }
     for (auto item = items.cbegin(); item != items.cend(); ++item)
-        grid->appendItem({item.key(), item.value()});
+        grid->appendItem({item.key(), item.value()}, ItemGrid::ItsOwn);
     grid->rescaleColumns();
     updateItemTotals();
 }

@@ -21,18 +21,20 @@ ItemGrid::ItemGrid(QWidget *parent)
     });
 }
 
-void ItemGrid::appendItem(const TripRows::ItemRow &item)
+void ItemGrid::appendItem(const TripRows::ItemRow &item, Spelling spelling)
 {
     const QSignalBlocker blocker(this);
     const int row = rowCount();
     insertRow(row);
-    putName(row, item.name);
+    putName(row, item.name, spelling);
     putMoney(row, AmountColumn, item.amount);
 }
 
-void ItemGrid::putName(int row, const QString &name)
+void ItemGrid::putName(int row, const QString &name, Spelling spelling)
 {
     QComboBox *box = makeNameBox(names, name);
+    if (spelling == ItsOwn)
+        box->setEditText(name);
     putBox(row, NameColumn, box, name);
     connect(box, &QComboBox::currentTextChanged, this,
             [this, box](const QString &text) { keepBelow(box, NameColumn, text.trimmed()); });
@@ -66,5 +68,5 @@ void ItemGrid::offerNames(const QStringList &newNames)
         previous->deleteLater();
     const QSignalBlocker blocker(this);
     for (int row = 0; row < rowCount(); ++row)
-        putName(row, itemName(row));
+        putName(row, itemName(row), ItsOwn);
 }

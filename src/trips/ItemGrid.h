@@ -16,7 +16,11 @@ public:
 
     explicit ItemGrid(QWidget *parent = nullptr);
 
-    void appendItem(const TripRows::ItemRow &item);
+    /// How a name shows that the list of names has in another case: as the list has it, or as it
+    /// is.
+    enum Spelling { OfTheList, ItsOwn };
+
+    void appendItem(const TripRows::ItemRow &item, Spelling spelling = OfTheList);
     [[nodiscard]] TripRows::ItemRow itemAt(int row) const;
 
     /// The name in a row: that of its box, or else that of the cell below. Empty for no such row.
@@ -29,7 +33,7 @@ public:
     void offerNames(const QStringList &newNames);
 
 private:
-    void putName(int row, const QString &name);
+    void putName(int row, const QString &name, Spelling spelling);
 
     OfferedTexts names;
     EditableHistoryComboDelegate *nameDelegate = nullptr;

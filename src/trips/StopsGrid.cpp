@@ -58,7 +58,7 @@ void StopsGrid::putType(int row, const QString &type)
     box->setCurrentIndex(
         std::max(0, box->findText(type.trimmed().toLower(), Qt::MatchFixedString)));
     guardFromWheel(box);
-    putBox(row, TypeColumn, box, {});
+    putBox(row, TypeColumn, box, box->itemText(0));
     connect(box, &QComboBox::currentTextChanged, this, &StopsGrid::typeChanged);
 }
 

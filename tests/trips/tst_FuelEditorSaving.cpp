@@ -176,6 +176,19 @@ private Q_SLOTS:
         QCOMPARE(workspace.value(u"SELECT total_cost FROM trips"_s).toDouble(), 411.8);
     }
 
+    void costItemOfFuelKeepsItsSpellingThoughTheFileHasAnother()
+    {
+        Workspace workspace;
+        const QString path = makeTripWithFuel(workspace);
+        costItem(7, u"truck fuel"_s, 12.0).insert(workspace);
+        const FuelWindow window(path);
+        window.clicksTrip(0);
+        window.clicks(saveTripButton);
+        QCOMPARE(window.costItems(), QList<QStringList>({{u"Truck Fuel"_s, u"$387.80"_s}}));
+        QCOMPARE(workspace.value(u"SELECT name FROM trip_cost_items WHERE trip_id = 1"_s),
+                 u"Truck Fuel"_s);
+    }
+
     void typedTruckWashGoesAtEverySaveOfATrip()
     {
         Workspace workspace;

@@ -1,6 +1,8 @@
+#include "pdfimport/PdfTextExtractor.h"
 #include "samples/PdfFile.h"
 #include "support/DialogRobot.h"
 #include "support/RowMakers.h"
+#include "trips/FuelScan.h"
 #include "trips/FuelWindow.h"
 
 using namespace Qt::StringLiterals;
@@ -246,6 +248,16 @@ private Q_SLOTS:
         QCOMPARE(window.statuses,
                  QStringList({scanning, u"No matching fuel rows found for trip 4471203."_s}));
         QCOMPARE(window.enabledButtons(), QStringList({u"Edit Fuel Rows"_s, scanButton}));
+    }
+
+    void failureWithoutAReasonOrStepsIsToldInWords()
+    {
+        PdfExtractionResult extracted;
+        QCOMPARE(fuelScanFailureText(extracted), u"PDF text/OCR extraction failed."_s);
+        extracted.errorMessage = u" No text. \n"_s;
+        QCOMPARE(fuelScanFailureText(extracted), u"No text."_s);
+        extracted.logLines = {u"One step"_s, u"another"_s};
+        QCOMPARE(fuelScanFailureText(extracted), u"No text.\n\nDetails:\nOne step\nanother"_s);
     }
 
     void failedExtractionIsToldWithItsDetails()

@@ -307,6 +307,24 @@ private Q_SLOTS:
         QCOMPARE(window.items(), QList<QStringList>({{u"Layover"_s, u"$50.00"_s}}));
     }
 
+    void namesThatCannotBeReadAfterASaveAreTold()
+    {
+        QFETCH_GLOBAL(const ItemTwin, twin);
+        Workspace workspace;
+        DialogRobot robot;
+        ItemsWindow window(twin, makeTripWithLayover(workspace, twin));
+        window.clicksTrip(0);
+        workspace.execute(u"DROP TABLE "_s + twin.otherTable);
+        robot.expectContaining(DialogRobot::Critical,
+                               twin.otherTable == "trip_pay_items"_L1
+                                   ? u"Pay Item Name Query Error"_s
+                                   : u"Cost Item Name Query Error"_s,
+                               u"no such table: "_s + twin.otherTable);
+        window.clicks(twin.saveButton);
+        QCOMPARE(robot.seen().size(), 1);
+        QCOMPARE(storedItems(workspace, twin.table).size(), 1);
+    }
+
     void saveOfTheTripGoesOnAfterItemsThatFail()
     {
         QFETCH_GLOBAL(const ItemTwin, twin);

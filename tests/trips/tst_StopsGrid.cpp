@@ -205,6 +205,15 @@ private Q_SLOTS:
         QCOMPARE(grid.hasWindow(1), false);
     }
 
+    void rowWithoutItsTypeBoxIsAShipper()
+    {
+        const Workspace workspace;
+        StopsGrid grid;
+        appendWindow(grid);
+        grid.removeCellWidget(0, StopsGrid::TypeColumn);
+        QCOMPARE(grid.stopAt(0).type, u"shipper"_s);
+    }
+
     void rowIsReadTrimmed()
     {
         const Workspace workspace;
