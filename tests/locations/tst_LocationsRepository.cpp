@@ -213,6 +213,43 @@ private Q_SLOTS:
         QCOMPARE(allLocations(file.database()), QList<QStringList>({albany}));
     }
 
+    void locationThatIsGoneTakesThePlaceOfTheOneWithItsNewCode()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeLocations());
+        file.execute(upstate);
+        QString error;
+        QVERIFY(updateLocation(file.database(), u"GONE"_s, located(u"ALB1"_s, u"7"_s), error));
+        QCOMPARE(file.value(u"SELECT group_concat(code || name || lat) FROM locations"_s),
+                 u"ALB1Dock7.0"_s);
+    }
+
+    void blankCodesSaveALocationWithoutACode()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeLocations());
+        QString error;
+        QVERIFY(updateLocation(file.database(), u" "_s, located(u" "_s, u"7"_s), error));
+        QVERIFY(saveLocation(file.database(), located(u""_s, u"8"_s), error));
+        QCOMPARE(file.value(u"SELECT group_concat('(' || code || ')' || lat) FROM locations"_s),
+                 u"()8.0"_s);
+    }
+
+    void updateTreatsTextsAndDegreesAsASaveDoes()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeLocations());
+        file.execute(upstate);
+        QString error;
+        QVERIFY(updateLocation(file.database(), u"ALB1"_s,
+                               {u" ALB2 "_s, u" Dock "_s, u" a "_s, u" b "_s, u" c "_s, u" d "_s,
+                                u"  "_s, u"abc"_s, u" e "_s},
+                               error));
+        QCOMPARE(file.value(u"SELECT code || name || street || city || state || zip || "
+                            "typeof(lat) || lon || notes FROM locations"_s),
+                 u"ALB2Dockabcdnull0.0e"_s);
+    }
+
     void renamingOntoAnotherLocationIsRefusedByTheFile()
     {
         Workspace workspace;

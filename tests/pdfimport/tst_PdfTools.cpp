@@ -69,7 +69,7 @@ private Q_SLOTS:
         const Workspace workspace;
         QDir::setCurrent(QDir::rootPath());
         const QStringList roots = PdfTools::candidateToolRoots(u"tools/poppler"_s);
-        QVERIFY(roots.size() < 8);
+        QCOMPARE(roots.size(), 5); // the program's four, and the root itself
         QCOMPARE(roots.last(), u"/tools/poppler"_s);
     }
 
