@@ -2,10 +2,42 @@
 
 #include <QCoreApplication>
 #include <QFileDialog>
+#include <QLabel>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace PageParts {
+
+namespace {
+
+constexpr int headingGrowth = 4;
+
+} // namespace
+
+QLabel *makeHeading(const QString &text, QWidget *parent)
+{
+    auto *label = new QLabel(text, parent);
+    QFont font = label->font();
+    font.setBold(true);
+    font.setPointSize(font.pointSize() + headingGrowth);
+    label->setFont(font);
+    return label;
+}
+
+QLabel *makeCaption(const QString &text, QWidget *field)
+{
+    auto *label = new QLabel(text, field->parentWidget());
+    label->setBuddy(field);
+    return label;
+}
+
+QLabel *makeNote(const QString &text, QWidget *parent)
+{
+    auto *label = new QLabel(text, parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
 
 QString askForDatabase(QWidget *page, const QString &caption)
 {
@@ -22,6 +54,7 @@ void fillScrolling(QWidget *page, QWidget *content)
     area->setWidget(content);
     auto *layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
     layout->addWidget(area);
 }
 

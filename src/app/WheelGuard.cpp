@@ -1,7 +1,7 @@
 #include "app/WheelGuard.h"
 
-#include <QComboBox>
 #include <QEvent>
+#include <QWidget>
 
 namespace {
 
@@ -23,7 +23,7 @@ protected:
 
 } // namespace
 
-void guardFromWheel(QComboBox *box)
+void guardFromWheel(QWidget *box)
 {
     box->setFocusPolicy(Qt::StrongFocus);
     box->installEventFilter(new WheelGuard(box));

@@ -2,16 +2,12 @@
 
 #include <QTableWidget>
 
-/// The two tables of View Payweek. A cell keeps its raw column text, shows dollars grouped, and
-/// sorts as a number where it is one.
+/// The tables of a payweek's trips and of its settlement items, in DataCells. Dollars are grouped.
 namespace PayweekTables {
 
-enum Role { tripIdRole = Qt::UserRole, rawTextRole = Qt::UserRole + 1 };
+inline constexpr int tripIdRole = Qt::UserRole;
 enum TripTableColumn { TripNoColumn };
-
-/// A read-only table that selects one whole row at a time.
-QTableWidget *makeTable(const QString &objectName, const QString &accessibleName, int minimumHeight,
-                        QWidget *parent);
+enum ItemTableColumn { ItemIdColumn, ItemPayweekColumn, KindColumn, NameColumn, AmountColumn };
 
 /// Removes contents, columns and rows.
 void clear(QTableWidget *table);
@@ -20,7 +16,8 @@ void clear(QTableWidget *table);
 /// number looks like a link and keeps the trip's id, 0 if that cannot be read.
 void showTrips(QTableWidget *table, const QList<QStringList> &rows);
 
-/// Shows the settlement items of a payweek.
+/// Shows the settlement items of a payweek: id, payweek, kind, name, amount. Without rows the
+/// headers stand alone.
 void showItems(QTableWidget *table, const QList<QStringList> &rows);
 
 } // namespace PayweekTables

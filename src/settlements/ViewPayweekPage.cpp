@@ -1,5 +1,6 @@
 #include "settlements/ViewPayweekPage.h"
 
+#include "app/DataTable.h"
 #include "app/PageParts.h"
 #include "app/WheelGuard.h"
 #include "data/DatabaseLocator.h"
@@ -12,7 +13,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QSignalBlocker>
 #include <QTableWidget>
 #include <QTextEdit>
@@ -22,24 +22,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString connectionName = u"view_payweek_trips_connection"_s;
-constexpr int titleGrowth = 4;
-
-QLabel *titleLabel(const QString &text, QWidget *parent)
-{
-    auto *label = new QLabel(text, parent);
-    QFont font = label->font();
-    font.setBold(true);
-    font.setPointSize(font.pointSize() + titleGrowth);
-    label->setFont(font);
-    return label;
-}
-
-QLabel *captionOf(QWidget *widget, const QString &text)
-{
-    auto *label = new QLabel(text, widget->parentWidget());
-    label->setBuddy(widget);
-    return label;
-}
 
 } // namespace
 
@@ -63,7 +45,7 @@ void ViewPayweekPage::buildLayout()
     auto *sections = new QVBoxLayout(inner);
     sections->setContentsMargins(12, 12, 12, 12);
     sections->setSpacing(10);
-    sections->addWidget(titleLabel(tr("View Payweek"), inner));
+    sections->addWidget(PageParts::makeHeading(tr("View Payweek"), inner));
     sections->addLayout(buildActions());
     sections->addWidget(buildNote());
     sections->addWidget(buildSummary());
@@ -75,22 +57,17 @@ void ViewPayweekPage::buildLayout()
 
 QHBoxLayout *ViewPayweekPage::buildActions()
 {
-    auto *open = new QPushButton(tr("Open trips.db"), this);
-    open->setObjectName(u"openPayweekTripsButton"_s);
-    connect(open, &QPushButton::clicked, this, &ViewPayweekPage::browseForDatabase);
+    auto *row = new QHBoxLayout;
+    PageParts::addButton(row, tr("Open trips.db"), u"openPayweekTripsButton"_s, this,
+                         &ViewPayweekPage::browseForDatabase);
     payweekBox = new QComboBox(this);
     payweekBox->setObjectName(u"payweekBox"_s);
     payweekBox->setMinimumWidth(160);
     guardFromWheel(payweekBox);
-    auto *refreshButton = new QPushButton(tr("Refresh"), this);
-    refreshButton->setObjectName(u"refreshPayweekButton"_s);
-    connect(refreshButton, &QPushButton::clicked, this, &ViewPayweekPage::refresh);
-
-    auto *row = new QHBoxLayout;
-    row->addWidget(open);
-    row->addWidget(captionOf(payweekBox, tr("Payweek:")));
+    row->addWidget(PageParts::makeCaption(tr("Payweek:"), payweekBox));
     row->addWidget(payweekBox);
-    row->addWidget(refreshButton);
+    PageParts::addButton(row, tr("Refresh"), u"refreshPayweekButton"_s, this,
+                         &ViewPayweekPage::refresh);
     row->addStretch();
     return row;
 }
@@ -118,8 +95,8 @@ QTextEdit *ViewPayweekPage::buildSummary()
 QTableWidget *ViewPayweekPage::addTable(QVBoxLayout *sections, const QString &objectName,
                                         const QString &caption, int minimumHeight)
 {
-    QTableWidget *table = PayweekTables::makeTable(objectName, caption, minimumHeight, this);
-    sections->addWidget(captionOf(table, caption));
+    auto *table = new DataTable(objectName, caption, minimumHeight, this);
+    sections->addWidget(PageParts::makeCaption(caption, table));
     sections->addWidget(table);
     return table;
 }

@@ -5,11 +5,8 @@
 #include "data/MoneyText.h"
 #include "trips/TripsTableItem.h"
 
-#include <QAbstractItemDelegate>
 #include <QHeaderView>
 #include <QSignalBlocker>
-
-#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -44,44 +41,11 @@ TripsTableItem *cell(int column, const QString &raw)
     return new TripsTableItem(shownText(column, raw, number), raw, number);
 }
 
-/// How wide a text is by its letters, each of which is measured only once.
-class LetterWidths
-{
-public:
-    explicit LetterWidths(const QFontMetrics &fontMetrics)
-        : metrics(fontMetrics)
-    {
-        for (std::size_t letter = 0; letter < plain.size(); ++letter)
-            plain[letter] = metrics.horizontalAdvance(QChar(static_cast<char16_t>(letter)));
-    }
-
-    [[nodiscard]] int of(const QString &text) const
-    {
-        int width = 0;
-        for (const QChar letter : text)
-            width += letter.unicode() < plain.size() ? plain[letter.unicode()]
-                                                     : metrics.horizontalAdvance(letter);
-        return width;
-    }
-
-private:
-    QFontMetrics metrics;
-    std::array<int, 128> plain = {};
-};
-
 } // namespace
 
 TripList::TripList(QWidget *parent)
-    : QTableWidget(parent)
+    : DataTable(u"tripList"_s, tr("Trips"), leastHeight, parent)
 {
-    setObjectName(u"tripList"_s);
-    setAccessibleName(tr("Trips"));
-    setMinimumHeight(leastHeight);
-    setSelectionBehavior(SelectRows);
-    setSelectionMode(SingleSelection);
-    setEditTriggers(NoEditTriggers);
-    setTabKeyNavigation(false);
-    verticalHeader()->hide();
     showTrips({});
     connect(horizontalHeader(), &QHeaderView::sortIndicatorChanged, this, &TripList::refreshArrows);
 }
@@ -116,26 +80,6 @@ void TripList::fill(const QList<QStringList> &rows)
         for (int column = 0; column < TripColumnCount; ++column)
             setItem(row, column, cell(column, rows.at(row).at(column)));
     }
-}
-
-int TripList::sizeHintForColumn(int column) const
-{
-    const LetterWidths letterWidths(fontMetrics());
-    int widest = -1;
-    int width = -1;
-    for (int row = 0; row < rowCount(); ++row) {
-        const int rowWidth = letterWidths.of(item(row, column)->text());
-        if (rowWidth > width) {
-            width = rowWidth;
-            widest = row;
-        }
-    }
-    if (widest < 0)
-        return -1; // no rows: the header alone decides
-    QStyleOptionViewItem option;
-    initViewItemOption(&option);
-    const QModelIndex index = model()->index(widest, column);
-    return itemDelegateForIndex(index)->sizeHint(option, index).width() + 1; // and the grid line
 }
 
 void TripList::refreshArrows()

@@ -1,12 +1,11 @@
 #pragma once
 
+#include "app/DataTable.h"
 #include "trips/TripColumns.h"
-
-#include <QTableWidget>
 
 /// The list of trips: 15 columns, each sorting by what it means, the newest trip first until a
 /// header is clicked. A refill keeps the sort.
-class TripList : public QTableWidget
+class TripList : public DataTable
 {
     Q_OBJECT
 
@@ -27,11 +26,6 @@ public:
 
     /// The payweek that a row's trip is paid in, trimmed.
     [[nodiscard]] QString payweekOfRow(int row) const;
-
-protected:
-    /// Measures the widest text of the column alone. Qt would lay out the first thousand cells,
-    /// which takes longer than all else in a refill, and miss a wider one behind them.
-    [[nodiscard]] int sizeHintForColumn(int column) const override;
 
 private:
     void fill(const QList<QStringList> &rows);

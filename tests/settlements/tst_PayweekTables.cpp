@@ -1,3 +1,5 @@
+#include "app/DataCell.h"
+#include "app/DataTable.h"
 #include "settlements/PayweekTables.h"
 #include "support/Person.h"
 #include "support/TableReaders.h"
@@ -46,7 +48,7 @@ public:
 
     QWidget window;
     QTableWidget *widget =
-        PayweekTables::makeTable(u"payweekTrips"_s, u"Trips in Selected Payweek"_s, 260, &window);
+        new DataTable(u"payweekTrips"_s, u"Trips in Selected Payweek"_s, 260, &window);
 };
 
 const QString sortable = u" \u2195"_s;
@@ -65,18 +67,6 @@ class tst_PayweekTables : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void tableSelectsOneWholeRowAndIsReadOnly()
-    {
-        const Workspace workspace;
-        const Table table;
-        QCOMPARE(table.widget->objectName(), u"payweekTrips"_s);
-        QCOMPARE(table.widget->accessibleName(), u"Trips in Selected Payweek"_s);
-        QCOMPARE(table.widget->minimumHeight(), 260);
-        QCOMPARE(table.widget->selectionBehavior(), QTableWidget::SelectRows);
-        QCOMPARE(table.widget->selectionMode(), QTableWidget::SingleSelection);
-        QCOMPARE(table.widget->editTriggers(), QTableWidget::NoEditTriggers);
-    }
-
     void tripShowsDollarsGroupedWithTheirUnits()
     {
         const Workspace workspace;
@@ -105,44 +95,6 @@ private Q_SLOTS:
         QVERIFY(table.widget->horizontalHeader()->stretchLastSection());
     }
 
-    void amountIsReadFromWhateverStandsInTheFile_data()
-    {
-        QTest::addColumn<QString>("raw");
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("number") << u"12"_s << u"$12.00"_s;
-        QTest::newRow("dollars") << u" $1,234.50 "_s << u"$1,234.50"_s;
-        QTest::newRow("sign ahead") << u"-$3"_s << u"-$3.00"_s;
-        QTest::newRow("sign behind the dollar") << u"$-3"_s << u"-$3.00"_s;
-        QTest::newRow("by the mile") << u"1.25/mi"_s << u"$1.25"_s;
-        QTest::newRow("by the hour") << u"31.25 /HR"_s << u"$31.25"_s;
-        QTest::newRow("miles") << u"600 Mi"_s << u"$600.00"_s;
-        QTest::newRow("hours") << u"10hr"_s << u"$10.00"_s;
-        QTest::newRow("exponent") << u"1e3"_s << u"$1,000.00"_s;
-        QTest::newRow("negative zero") << u"-0"_s << u"$0.00"_s;
-        QTest::newRow("a fraction of a cent below zero") << u"-0.001"_s << u"-$0.00"_s;
-        QTest::newRow("word") << u"abc"_s << u"abc"_s;
-        QTest::newRow("word with blanks") << u" n/a "_s << u" n/a "_s;
-        QTest::newRow("range") << u"1.25 - 1.50"_s << u"1.25 - 1.50"_s;
-        QTest::newRow("another currency") << u"12 EUR"_s << u"12 EUR"_s;
-        QTest::newRow("NULL") << u""_s << u""_s;
-        QTest::newRow("dollar sign alone") << u"$"_s << u"$"_s;
-        QTest::newRow("not a number") << u"nan"_s << u"nan"_s;
-        QTest::newRow("infinity") << u"inf"_s << u"inf"_s;
-        QTest::newRow("infinity below zero") << u"-INF"_s << u"-INF"_s;
-        QTest::newRow("more than a number holds") << u"1e999"_s << u"1e999"_s;
-    }
-
-    void amountIsReadFromWhateverStandsInTheFile()
-    {
-        QFETCH(const QString, raw);
-        QFETCH(const QString, shown);
-        const Workspace workspace;
-        const Table table;
-        PayweekTables::showItems(table.widget, itemsOf({raw}));
-        QCOMPARE(column(table.widget, u"Amount"_s), QStringList({shown}));
-        QCOMPARE(table.widget->item(0, 4)->data(PayweekTables::rawTextRole).toString(), raw);
-    }
-
     void everyCellKeepsItsRawText()
     {
         const Workspace workspace;
@@ -153,7 +105,7 @@ private Q_SLOTS:
         PayweekTables::showTrips(table.widget, {row});
         QStringList raw;
         for (int i = 0; i < table.widget->columnCount(); ++i)
-            raw.append(table.widget->item(0, i)->data(PayweekTables::rawTextRole).toString());
+            raw.append(table.widget->item(0, i)->data(DataCell::rawTextRole).toString());
         QCOMPARE(raw, row.mid(1));
         QCOMPARE(column(table.widget, u"Miles"_s), QStringList({u"1,600"_s}));
         QCOMPARE(column(table.widget, u"Net"_s), QStringList({u"abc"_s}));
@@ -243,16 +195,6 @@ private Q_SLOTS:
         table.widget->item(1, 3)->setText(u"10"_s);
         Person::clicksHeader(table.widget, 3);
         QCOMPARE(column(table.widget, u"Name"_s), QStringList({u"10"_s, u"9"_s, u"Permit"_s}));
-    }
-
-    void textAmongNumbersStandsBehindThem()
-    {
-        const Workspace workspace;
-        const Table table;
-        PayweekTables::showItems(table.widget, itemsOf({u"#5"_s, u"10"_s, u""_s, u"9"_s, u"5x"_s}));
-        Person::clicksHeader(table.widget, 4);
-        QCOMPARE(column(table.widget, u"Amount"_s),
-                 QStringList({u"$9.00"_s, u"$10.00"_s, u""_s, u"#5"_s, u"5x"_s}));
     }
 
     void sortStaysOverARefill()

@@ -3,6 +3,7 @@
 #include "support/Workspace.h"
 
 #include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -13,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A form that is higher than its window, with a guarded box in its middle.
+/// A form that is higher than its window, with guarded boxes in its middle.
 class LongForm : public QScrollArea
 {
 public:
@@ -23,10 +24,13 @@ public:
         auto *layout = new QVBoxLayout(form);
         layout->addWidget(field);
         layout->addWidget(box);
+        layout->addWidget(spinBox);
         form->setMinimumHeight(3000);
         box->addItems({u"shipper"_s, u"receiver"_s, u"yard"_s});
         box->setCurrentIndex(1);
         guardFromWheel(box);
+        spinBox->setValue(6.5);
+        guardFromWheel(spinBox);
         setWidget(form);
         setWidgetResizable(true);
         Person::shows(*this);
@@ -38,6 +42,7 @@ public:
 
     QLineEdit *field = new QLineEdit;
     QComboBox *box = new QComboBox;
+    QDoubleSpinBox *spinBox = new QDoubleSpinBox;
 };
 
 } // namespace
@@ -88,6 +93,38 @@ private Q_SLOTS:
         QVERIFY(form.box->hasFocus());
         QTest::keyClick(form.box, Qt::Key_Up);
         QCOMPARE(form.box->currentText(), u"shipper"_s);
+    }
+
+    void spinBoxWithoutTheFocusKeepsItsValueAndTheFormScrolls()
+    {
+        const Workspace workspace;
+        const LongForm form;
+        Person::turnsWheelOver(form.spinBox);
+        QCOMPARE(form.spinBox->value(), 6.5);
+        QVERIFY(!form.isAtTop());
+        QVERIFY(form.field->hasFocus());
+    }
+
+    void spinBoxInFocusTakesTheWheel()
+    {
+        const Workspace workspace;
+        const LongForm form;
+        form.spinBox->setFocus();
+        Person::turnsWheelOver(form.spinBox);
+        QCOMPARE(form.spinBox->value(), 5.5);
+        QVERIFY(form.isAtTop());
+    }
+
+    void spinBoxTakesTheKeysAsBefore()
+    {
+        const Workspace workspace;
+        const LongForm form;
+        QCOMPARE(form.spinBox->focusPolicy(), Qt::StrongFocus);
+        form.box->setFocus();
+        QTest::keyClick(form.box, Qt::Key_Tab);
+        QVERIFY(form.spinBox->hasFocus());
+        QTest::keyClick(form.spinBox, Qt::Key_Up);
+        QCOMPARE(form.spinBox->value(), 7.5);
     }
 };
 

@@ -1,0 +1,57 @@
+#include "app/DataCell.h"
+
+#include "data/MoneyText.h"
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::optional<double> shownNumber(const QString &raw)
+{
+    QString text = raw.trimmed().remove(u'$').remove(u',');
+    for (const auto unit : {"/mi"_L1, "/hr"_L1, "mi"_L1, "hr"_L1})
+        text.remove(unit, Qt::CaseInsensitive);
+    bool ok = false;
+    const double number = text.trimmed().toDouble(&ok);
+    return ok && std::isfinite(number) ? std::optional(number) : std::nullopt;
+}
+
+QString shownText(DataCell::Form form, const QString &raw, std::optional<double> number)
+{
+    if (!number)
+        return raw;
+    switch (form) {
+    case DataCell::Form::Money:
+        return groupedMoneyText(*number);
+    case DataCell::Form::MoneyPerMile:
+        return groupedMoneyText(*number) + "/mi"_L1;
+    case DataCell::Form::MoneyPerHour:
+        return groupedMoneyText(*number) + "/hr"_L1;
+    case DataCell::Form::Text:
+    case DataCell::Form::Number:
+        break;
+    }
+    return raw;
+}
+
+} // namespace
+
+DataCell::DataCell(Form form, const QString &raw)
+    : number(form == Form::Text ? std::nullopt : shownNumber(raw))
+{
+    setText(shownText(form, raw, number));
+    setData(rawTextRole, raw);
+    if (form != Form::Text)
+        setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+}
+
+bool DataCell::operator<(const QTableWidgetItem &other) const
+{
+    const auto *cell = dynamic_cast<const DataCell *>(&other);
+    if (!cell || (!number && !cell->number))
+        return QTableWidgetItem::operator<(other);
+    // Text among numbers needs one place: compared with each as text, 9 < 10 < 5x < 9.
+    return number && (!cell->number || *number < *cell->number);
+}
