@@ -31,6 +31,10 @@ UPDATE locations
 SET code = ?, name = ?, street = ?, city = ?, state = ?, zip = ?, lat = ?, lon = ?, notes = ?
 WHERE code = ?)"_L1;
 
+constexpr auto deleteByCode = R"(
+DELETE FROM locations
+WHERE code = ?)"_L1;
+
 constexpr auto insertCode = R"(
 INSERT OR IGNORE INTO locations (code, name, street, city, state, zip, lat, lon, notes)
 VALUES (?, '', '', '', '', '', NULL, NULL, ''))"_L1;
@@ -102,6 +106,11 @@ bool updateLocation(const QSqlDatabase &database, const QString &oldCode,
     if (!update.run(boundValues(location) << code, error))
         return false;
     return update.rowsAffected() > 0 || saveLocation(database, location, error);
+}
+
+bool removeLocation(const QSqlDatabase &database, const QString &code, QString &error)
+{
+    return isOpen(database, error) && runSql(database, deleteByCode, {code.trimmed()}, error);
 }
 
 bool addLocationCode(const QSqlDatabase &database, const QString &code, QString &error)

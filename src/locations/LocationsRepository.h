@@ -29,6 +29,9 @@ bool saveLocation(const QSqlDatabase &database, const QStringList &location, QSt
 bool updateLocation(const QSqlDatabase &database, const QString &oldCode,
                     const QStringList &location, QString &error);
 
+/// Deletes the location with this code. That there is none is no failure.
+bool removeLocation(const QSqlDatabase &database, const QString &code, QString &error);
+
 /// Adds a location of which only the code is known; one that is there already stays as it is.
 bool addLocationCode(const QSqlDatabase &database, const QString &code, QString &error);
 

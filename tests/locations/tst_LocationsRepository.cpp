@@ -37,7 +37,7 @@ class tst_LocationsRepository : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void closedConnectionFailsEveryOperationAlike()
+    void closedConnectionListsNothing()
     {
         const Workspace workspace;
         const QSqlDatabase closed;
@@ -52,7 +52,14 @@ private Q_SLOTS:
         QVERIFY(!loadLocationCodes(closed, codes, error));
         QCOMPARE(error, text);
         QCOMPARE(codes, QStringList());
-        error.clear();
+    }
+
+    void closedConnectionTakesNoChange()
+    {
+        const Workspace workspace;
+        const QSqlDatabase closed;
+        const QString text = u"Locations database is not open."_s;
+        QString error;
         QVERIFY(!saveLocation(closed, albany, error));
         QCOMPARE(error, text);
         error.clear();
@@ -60,6 +67,9 @@ private Q_SLOTS:
         QCOMPARE(error, text);
         error.clear();
         QVERIFY(!addLocationCode(closed, u"ALB1"_s, error));
+        QCOMPARE(error, text);
+        error.clear();
+        QVERIFY(!removeLocation(closed, u"ALB1"_s, error));
         QCOMPARE(error, text);
     }
 
@@ -286,6 +296,30 @@ private Q_SLOTS:
         QCOMPARE(allLocations(file.database()), QList<QStringList>({albany}));
     }
 
+    void removedLocationIsGoneAlone()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeLocations());
+        file.execute(upstate);
+        file.execute(u"INSERT INTO locations (code) VALUES ('alb1'), ('BUF1')"_s);
+        QString error = u"left over"_s;
+        QVERIFY(removeLocation(file.database(), u" BUF1 "_s, error));
+        QCOMPARE(error, QString());
+        QVERIFY(removeLocation(file.database(), u"alb1"_s, error));
+        QCOMPARE(allLocations(file.database()), QList<QStringList>({albany}));
+    }
+
+    void removingACodeThatIsNotThereIsNoFailure()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeLocations());
+        file.execute(upstate);
+        QString error = u"left over"_s;
+        QVERIFY(removeLocation(file.database(), u"GONE"_s, error));
+        QCOMPARE(error, QString());
+        QCOMPARE(allLocations(file.database()), QList<QStringList>({albany}));
+    }
+
     void missingTableGivesTheDriversText()
     {
         const Workspace workspace;
@@ -303,6 +337,8 @@ private Q_SLOTS:
         QVERIFY(!updateLocation(file.database(), u"ALB1"_s, albany, error));
         QVERIFY2(error.contains(text), qPrintable(error));
         QVERIFY(!addLocationCode(file.database(), u"ALB1"_s, error));
+        QVERIFY2(error.contains(text), qPrintable(error));
+        QVERIFY(!removeLocation(file.database(), u"ALB1"_s, error));
         QVERIFY2(error.contains(text), qPrintable(error));
     }
 };
