@@ -1,0 +1,343 @@
+#include "settlements/SettlementRepository.h"
+#include "support/RowMakers.h"
+#include "support/TestConnection.h"
+#include "support/Workspace.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace SettlementRepository;
+
+namespace {
+
+const QString week = u"04/18/2026"_s;
+
+QStringList payweeksOf(const TestConnection &file)
+{
+    QStringList payweeks;
+    QString error;
+    if (!listSettlementPayweeks(file.database(), payweeks, error))
+        QTest::qFail(qPrintable(error), __FILE__, __LINE__);
+    return payweeks;
+}
+
+QStringList namesOf(const TestConnection &file, int year)
+{
+    QStringList names = {u"left over"_s};
+    QString error;
+    if (!listSettlementItemNames(file.database(), year, names, error))
+        QTest::qFail(qPrintable(error), __FILE__, __LINE__);
+    return names;
+}
+
+/// What a load gave.
+struct Loaded
+{
+    QList<QStringList> rows = {{u"left over"_s}};
+    double revenue = 1.0;
+    double expense = 1.0;
+    QString error = u"left over"_s;
+    bool ok = false;
+};
+
+Loaded loaded(const QSqlDatabase &database, const QString &payweek)
+{
+    Loaded result;
+    result.ok = loadSettlementItems(database, payweek, result.rows, result.revenue, result.expense,
+                                    result.error);
+    return result;
+}
+
+} // namespace
+
+/// The items that belong to no trip, and the APR, on a file as the page has it open.
+class tst_SettlementRepository : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void payweeksComeFromTripsAndItemsButNotFromRates()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        trip().payweek(u" 04/18/2026 "_s).insert(workspace);
+        trip().payweek(u"04/18/2026"_s).insert(workspace);
+        trip().payweek(u"  "_s).insert(workspace);
+        expense(u"04/18/2026"_s, u"ELD"_s, 9.25).insert(workspace);
+        expense(u"04/25/2026"_s, u"ELD"_s, 9.25).insert(workspace);
+        apr(u"05/02/2026"_s, 4.0).insert(workspace);
+        QCOMPARE(payweeksOf(file), QStringList({u"04/25/2026"_s, u"04/18/2026"_s}));
+    }
+
+    void payweeksStandNewestFirstAndOtherTextsInTextOrder()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        for (const QString &payweek :
+             {u"12/26/2025"_s, u"1/2/2026"_s, u"2026-01-09"_s, u"before"_s, u"AFTER"_s})
+            expense(payweek, u"ELD"_s, 9.25).insert(workspace);
+        QCOMPARE(payweeksOf(file), QStringList({u"before"_s, u"AFTER"_s, u"2026-01-09"_s,
+                                                u"1/2/2026"_s, u"12/26/2025"_s}));
+    }
+
+    void payweeksOfAFileWithoutATableAreTheDriversText()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        QStringList payweeks = {u"left over"_s};
+        QString error;
+        workspace.execute(u"DROP TABLE settlement_non_trip_items"_s);
+        QVERIFY(!listSettlementPayweeks(file.database(), payweeks, error));
+        QVERIFY2(error.contains(u"settlement_non_trip_items"_s), qPrintable(error));
+        workspace.execute(u"DROP TABLE trips"_s);
+        QVERIFY(!listSettlementPayweeks(file.database(), payweeks, error));
+        QVERIFY2(error.contains(u"no such table: trips"_s), qPrintable(error));
+        QCOMPARE(payweeks, QStringList());
+    }
+
+    void itemsLoadWithTheirSums()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        revenue(week, u"Bonus"_s, 1000.0).insert(workspace);
+        expense(week, u"ELD"_s, 9.25).insert(workspace);
+        expense(week, u"Insurance"_s, 148.755).insert(workspace);
+        SettlementItemMaker(week, u" Revenue "_s, u"Refund"_s, 20.0).insert(workspace);
+        SettlementItemMaker(week, u"other"_s, u"Note"_s, 5.0).insert(workspace);
+        expense(u"04/25/2026"_s, u"ELD"_s, 9.25).insert(workspace);
+        const Loaded items = loaded(file.database(), u" 04/18/2026 "_s);
+        QVERIFY(items.ok);
+        QCOMPARE(items.error, QString());
+        QCOMPARE(items.rows,
+                 QList<QStringList>({{u"4"_s, week, u" Revenue "_s, u"Refund"_s, u"20.00"_s},
+                                     {u"2"_s, week, u"expense"_s, u"ELD"_s, u"9.25"_s},
+                                     {u"3"_s, week, u"expense"_s, u"Insurance"_s, u"148.75"_s},
+                                     {u"5"_s, week, u"other"_s, u"Note"_s, u"5.00"_s},
+                                     {u"1"_s, week, u"revenue"_s, u"Bonus"_s, u"1000.00"_s}}));
+        QCOMPARE(items.revenue, 1020.0);
+        QCOMPARE(items.expense, 158.005);
+    }
+
+    void itemStoredWithBlanksAroundItsPayweekIsListedButNotLoaded()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        expense(u" 04/18/2026"_s, u"ELD"_s, 9.25).insert(workspace);
+        QCOMPARE(payweeksOf(file), QStringList({week}));
+        QCOMPARE(loaded(file.database(), week).rows, QList<QStringList>());
+    }
+
+    void noPayweekHasNoItems()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        const Loaded items = loaded(file.database(), u"  "_s);
+        QVERIFY(items.ok);
+        QCOMPARE(items.rows, QList<QStringList>());
+        QCOMPARE(items.revenue, 0.0);
+        QCOMPARE(items.expense, 0.0);
+    }
+
+    void addedItemIsStoredTrimmedInItsKind()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        QString error = u"left over"_s;
+        QVERIFY(addSettlementItem(file.database(), u" 04/18/2026 "_s, u" Expense"_s, u" ELD "_s,
+                                  9.25, error));
+        QCOMPARE(error, QString());
+        QCOMPARE(workspace.rows(u"SELECT settlement_date, kind, name, amount "
+                                "FROM settlement_non_trip_items"_s),
+                 QList<QStringList>({{week, u"expense"_s, u"ELD"_s, u"9.25"_s}}));
+    }
+
+    void itemNeedsAPayweekAKindAndAName_data()
+    {
+        QTest::addColumn<QString>("payweek");
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("error");
+        QTest::newRow("no payweek")
+            << u" "_s << u"x"_s << u""_s << u"Settlement / payweek is required."_s;
+        QTest::newRow("no kind") << week << u"x"_s << u""_s
+                                 << u"Kind must be revenue or expense."_s;
+        QTest::newRow("no name") << week << u"revenue"_s << u" \t"_s << u"Name cannot be blank."_s;
+    }
+
+    void itemNeedsAPayweekAKindAndAName()
+    {
+        QFETCH(const QString, payweek);
+        QFETCH(const QString, kind);
+        QFETCH(const QString, name);
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        QString error;
+        QVERIFY(!addSettlementItem(file.database(), payweek, kind, name, 9.25, error));
+        QTEST(error, "error");
+        QCOMPARE(file.value(u"SELECT COUNT(*) FROM settlement_non_trip_items"_s), 0);
+    }
+
+    void updatedItemKeepsItsPayweek()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        expense(week, u"ELD"_s, 9.25).insert(workspace);
+        QString error = u"left over"_s;
+        QVERIFY(
+            updateSettlementItem(file.database(), 1, u"REVENUE "_s, u" Refund "_s, 20.0, error));
+        QCOMPARE(error, QString());
+        QCOMPARE(workspace.rows(u"SELECT settlement_date, kind, name, amount "
+                                "FROM settlement_non_trip_items"_s),
+                 QList<QStringList>({{week, u"revenue"_s, u"Refund"_s, u"20"_s}}));
+    }
+
+    void updateNeedsAnItemAKindAndAName()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        QString error;
+        QVERIFY(!updateSettlementItem(file.database(), 0, u"x"_s, u""_s, 1.0, error));
+        QCOMPARE(error, u"Select a settlement item first."_s);
+        QVERIFY(!updateSettlementItem(file.database(), 1, u"x"_s, u""_s, 1.0, error));
+        QCOMPARE(error, u"Kind must be revenue or expense."_s);
+        QVERIFY(!updateSettlementItem(file.database(), 1, u"expense"_s, u" "_s, 1.0, error));
+        QCOMPARE(error, u"Name cannot be blank."_s);
+    }
+
+    void itemThatIsGoneCannotBeUpdatedOrDeleted()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        expense(week, u"ELD"_s, 9.25).insert(workspace);
+        QString error;
+        QVERIFY(!updateSettlementItem(file.database(), 7, u"expense"_s, u"Tolls"_s, 1.0, error));
+        QCOMPARE(error, u"No settlement item was updated. It may have already been deleted."_s);
+        QVERIFY(!deleteSettlementItem(file.database(), 7, error));
+        QCOMPARE(error, u"No settlement item was deleted. It may have already been deleted."_s);
+        QCOMPARE(file.value(u"SELECT group_concat(name) FROM settlement_non_trip_items"_s),
+                 u"ELD"_s);
+    }
+
+    void deletedItemIsGoneAlone()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        expense(week, u"ELD"_s, 9.25).insert(workspace);
+        expense(week, u"Tolls"_s, 5.0).insert(workspace);
+        QString error = u"left over"_s;
+        QVERIFY(deleteSettlementItem(file.database(), 1, error));
+        QCOMPARE(error, QString());
+        QCOMPARE(file.value(u"SELECT group_concat(name) FROM settlement_non_trip_items"_s),
+                 u"Tolls"_s);
+    }
+
+    void namesAreThoseOfTheYearEachOnce()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        expense(u"12/26/2025"_s, u"Old"_s, 1.0).insert(workspace);
+        expense(u"01/02/2026"_s, u"tolls"_s, 1.0).insert(workspace);
+        expense(u"01/09/2026"_s, u" TOLLS "_s, 1.0).insert(workspace);
+        expense(u"2026-01-16"_s, u"ELD"_s, 1.0).insert(workspace);
+        expense(u"week 3 of 2026"_s, u"Undated"_s, 1.0).insert(workspace);
+        expense(u"01/02/2026"_s, u"  "_s, 1.0).insert(workspace);
+        const QStringList names = namesOf(file, 2026);
+        QCOMPARE(names.size(), 2);
+        QCOMPARE(names.first(), u"ELD"_s);
+        QCOMPARE(names.last().toLower(), u"tolls"_s);
+        QCOMPARE(namesOf(file, 2025), QStringList({u"Old"_s}));
+    }
+
+    void noYearHasNoNames()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        workspace.execute(u"DROP TABLE settlement_non_trip_items"_s); // it is not even asked
+        QCOMPARE(namesOf(file, 0), QStringList());
+        QCOMPARE(namesOf(file, -1), QStringList());
+    }
+
+    void rateIsSavedOnceAndReadBack()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        QString error;
+        double rate = 9.0;
+        QVERIFY(loadSettlementApr(file.database(), week, rate, error));
+        QCOMPARE(rate, 0.0);
+        QVERIFY(saveSettlementApr(file.database(), u" 04/18/2026 "_s, 4.25, error));
+        QVERIFY(saveSettlementApr(file.database(), week, 5.5, error));
+        QVERIFY(loadSettlementApr(file.database(), u" 04/18/2026 "_s, rate, error));
+        QCOMPARE(rate, 5.5);
+        QCOMPARE(workspace.rows(u"SELECT settlement_date, apr FROM settlement_meta"_s),
+                 QList<QStringList>({{week, u"5.5"_s}}));
+        QVERIFY(saveSettlementApr(file.database(), week, 0.0, error));
+        QCOMPARE(file.value(u"SELECT COUNT(*) FROM settlement_meta"_s), 1);
+    }
+
+    void rateNeedsAPayweekToBeSavedButNotToBeRead()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        QString error;
+        double rate = 9.0;
+        QVERIFY(!saveSettlementApr(file.database(), u" "_s, 4.0, error));
+        QCOMPARE(error, u"Settlement / payweek is required."_s);
+        QVERIFY(loadSettlementApr(file.database(), u" "_s, rate, error));
+        QCOMPARE(rate, 0.0);
+        QCOMPARE(error, QString());
+    }
+
+    void closedDatabaseIsToldInWords()
+    {
+        const QSqlDatabase closed;
+        const QString text = u"Trips database is not open."_s;
+        QStringList texts;
+        QString error;
+        double rate = 9.0;
+        QVERIFY(!listSettlementPayweeks(closed, texts, error));
+        QCOMPARE(std::exchange(error, {}), text);
+        QCOMPARE(loaded(closed, week).error, text);
+        QVERIFY(!addSettlementItem(closed, {}, {}, {}, 1.0, error));
+        QCOMPARE(std::exchange(error, {}), text);
+        QVERIFY(!updateSettlementItem(closed, 0, {}, {}, 1.0, error));
+        QCOMPARE(std::exchange(error, {}), text);
+        QVERIFY(!deleteSettlementItem(closed, 1, error));
+        QCOMPARE(std::exchange(error, {}), text);
+        QVERIFY(!listSettlementItemNames(closed, 2026, texts, error));
+        QCOMPARE(std::exchange(error, {}), text);
+        QVERIFY(!loadSettlementApr(closed, week, rate, error));
+        QCOMPARE(std::exchange(error, {}), text);
+        QVERIFY(!saveSettlementApr(closed, week, 4.0, error));
+        QCOMPARE(error, text);
+    }
+
+    void missingTablesGiveTheDriversText()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        workspace.execute(u"DROP TABLE settlement_non_trip_items"_s);
+        workspace.execute(u"DROP TABLE settlement_meta"_s);
+        const QString items = u"no such table: settlement_non_trip_items"_s;
+        const QString rates = u"no such table: settlement_meta"_s;
+        QString error;
+        QStringList names;
+        double rate = 9.0;
+        QVERIFY(loaded(file.database(), week).error.contains(items));
+        QVERIFY(!addSettlementItem(file.database(), week, u"expense"_s, u"ELD"_s, 1.0, error));
+        QVERIFY2(error.contains(items), qPrintable(error));
+        QVERIFY(!updateSettlementItem(file.database(), 1, u"expense"_s, u"ELD"_s, 1.0, error));
+        QVERIFY2(error.contains(items), qPrintable(error));
+        QVERIFY(!deleteSettlementItem(file.database(), 1, error));
+        QVERIFY2(error.contains(items), qPrintable(error));
+        QVERIFY(!listSettlementItemNames(file.database(), 2026, names, error));
+        QVERIFY2(error.contains(items), qPrintable(error));
+        QVERIFY(!loadSettlementApr(file.database(), week, rate, error));
+        QVERIFY2(error.contains(rates), qPrintable(error));
+        QVERIFY(!saveSettlementApr(file.database(), week, 4.0, error));
+        QVERIFY2(error.contains(rates), qPrintable(error));
+    }
+};
+
+QTEST_MAIN(tst_SettlementRepository)
+#include "tst_SettlementRepository.moc"
