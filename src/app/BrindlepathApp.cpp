@@ -2,8 +2,10 @@
 
 #include "app/UiScale.h"
 #include "data/DatabaseLocator.h"
+#include "locations/LocationsPage.h"
 #include "settings/AboutDialog.h"
 #include "settings/ProductFacts.h"
+#include "settlements/EditSettlementPage.h"
 #include "settlements/ViewPayweekPage.h"
 #include "trips/TripsPage.h"
 #include "ui_BrindlepathApp.h"
@@ -24,7 +26,17 @@ namespace {
 // The row of a page in the navigation list is its index in the stack.
 const QString startScreenName = u"Start Screen"_s;
 const QString tripsName = u"Trips"_s;
+const QString locationsName = u"Locations"_s;
+const QString editSettlementName = u"Edit Settlement"_s;
 const QString viewPayweekName = u"View Payweek"_s;
+
+template <typename Page>
+void openWhatIsFound(Page *page, const QString &fileName)
+{
+    const QString path = DatabaseLocator::findDatabaseNearApplication(fileName);
+    if (!path.isEmpty())
+        page->openDatabase(path);
+}
 
 } // namespace
 
@@ -73,7 +85,8 @@ void BrindlepathApp::buildNavigation()
     navigationList->setAccessibleName(tr("Pages"));
     navigationList->setMinimumWidth(190);
     navigationList->setMaximumWidth(260);
-    navigationList->addItems({startScreenName, tripsName, viewPayweekName});
+    navigationList->addItems(
+        {startScreenName, tripsName, locationsName, editSettlementName, viewPayweekName});
 }
 
 void BrindlepathApp::buildPages()
@@ -88,6 +101,11 @@ void BrindlepathApp::buildPages()
     tripsPage->makeReady(UiScale::savedUiScalePercent());
     tripsPage->statusCallback = toStatusLine; // only now: that the page is ready is no news
     tripsPage->openPayweekCallback = [this](const QString &payweek) { showPayweek(payweek); };
+
+    locationsPage = new LocationsPage(this);
+    locationsPage->statusCallback = toStatusLine;
+    editSettlementPage = new EditSettlementPage(this);
+    editSettlementPage->statusCallback = toStatusLine;
 
     viewPayweekPage = new ViewPayweekPage(this);
     viewPayweekPage->statusCallback = toStatusLine;
@@ -104,6 +122,8 @@ void BrindlepathApp::stackPages()
 {
     pageStack->addWidget(startPage);
     pageStack->addWidget(tripsPage);
+    pageStack->addWidget(locationsPage);
+    pageStack->addWidget(editSettlementPage);
     pageStack->addWidget(viewPayweekPage);
 }
 
@@ -157,10 +177,9 @@ void BrindlepathApp::applyUiScale(int percent)
 void BrindlepathApp::autoOpenDatabases()
 {
     tripsPage->autoOpen();
-    const QString trips =
-        DatabaseLocator::findDatabaseNearApplication(DatabaseLocator::tripsFileName);
-    if (!trips.isEmpty())
-        viewPayweekPage->openDatabase(trips);
+    openWhatIsFound(locationsPage, DatabaseLocator::locationsFileName);
+    openWhatIsFound(editSettlementPage, DatabaseLocator::tripsFileName);
+    openWhatIsFound(viewPayweekPage, DatabaseLocator::tripsFileName);
     refreshStartScreen();
 }
 

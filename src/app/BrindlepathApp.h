@@ -4,6 +4,8 @@
 
 #include <memory>
 
+class EditSettlementPage;
+class LocationsPage;
 class QHBoxLayout;
 class QLabel;
 class QListWidget;
@@ -75,5 +77,7 @@ private:
     QLabel *startActivityLabel = nullptr;
 
     TripsPage *tripsPage = nullptr;
+    LocationsPage *locationsPage = nullptr;
+    EditSettlementPage *editSettlementPage = nullptr;
     ViewPayweekPage *viewPayweekPage = nullptr;
 };

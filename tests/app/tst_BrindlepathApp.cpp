@@ -1,11 +1,10 @@
 #include "app/ApplicationSetup.h"
 #include "app/BrindlepathApp.h"
-#include "data/DatabaseLocator.h"
-#include "data/SqlStatement.h"
 #include "support/DialogRobot.h"
 #include "support/Person.h"
 #include "support/RowMakers.h"
 #include "support/TableReaders.h"
+#include "support/TestConnection.h"
 #include "support/Workspace.h"
 
 #include <QApplication>
@@ -38,10 +37,18 @@ private Q_SLOTS:
     void firstRowIsSelectedWithoutATitleChange();
     void startWithoutDatabasesIsSilentAndMakesNoFile();
     void startOpensTripsAndThePayweek();
+    void startOpensLocationsAndTheSettlement();
+    void startWithLocationsAloneEndsAtTheirCount();
     void damagedFileGivesItsBoxesAndAUsableWindow();
+    void damagedLocationsGiveTheirOwnBox();
+    void pagesOpenTheirFilesInTheirOrder();
     void directoryNamedTripsDbGivesOneBoxAPage();
     void zeroByteFileGivesTheBoxesOfEachPageOnce();
     void choosingAPageWritesTitleAndStatus();
+    void pageChosenShowsItselfAndItsName_data();
+    void pageChosenShowsItselfAndItsName();
+    void whatPagesReportStandsInTheStatusLine();
+    void locationSavedByHandIsCountedOnTheStartScreen();
     void emptyPayweekLeavesNoSeparatorInTheTitle();
     void chosenPayweekStandsInTheTitle();
     void payweekChosenBehindAnotherPageLeavesTheTitle();
@@ -73,6 +80,7 @@ private:
     }
     static void goTo(const BrindlepathApp &window, const QString &page);
     static QString status(const BrindlepathApp &window);
+    static void makeLocationsWith(Workspace &workspace, const QString &codes);
     static QString startValue(const BrindlepathApp &window, const char *name);
 
     QFont fontBefore;
@@ -107,6 +115,12 @@ QString tst_BrindlepathApp::startValue(const BrindlepathApp &window, const char 
     return named<QLabel>(window, name)->text();
 }
 
+void tst_BrindlepathApp::makeLocationsWith(Workspace &workspace, const QString &codes)
+{
+    const TestConnection file(workspace.makeLocations());
+    file.execute("INSERT INTO locations (code) VALUES "_L1 + codes);
+}
+
 void tst_BrindlepathApp::pagesStandInTheOrderOfTheNavigation()
 {
     const Workspace workspace;
@@ -119,8 +133,10 @@ void tst_BrindlepathApp::pagesStandInTheOrderOfTheNavigation()
         rows.append(navigation->item(row)->text());
     for (int index = 0; index < stack->count(); ++index)
         pages.append(stack->widget(index)->objectName());
-    QCOMPARE(rows, QStringList({u"Start Screen"_s, u"Trips"_s, u"View Payweek"_s}));
-    QCOMPARE(pages, QStringList({u"startPage"_s, u"tripsPage"_s, u"viewPayweekPage"_s}));
+    QCOMPARE(rows, QStringList({u"Start Screen"_s, u"Trips"_s, u"Locations"_s, u"Edit Settlement"_s,
+                                u"View Payweek"_s}));
+    QCOMPARE(pages, QStringList({u"startPage"_s, u"tripsPage"_s, u"locationsPage"_s,
+                                 u"editSettlementPage"_s, u"viewPayweekPage"_s}));
     QCOMPARE(navigation->minimumWidth(), 190);
     QCOMPARE(navigation->maximumWidth(), 260);
 }
@@ -188,6 +204,49 @@ void tst_BrindlepathApp::startOpensTripsAndThePayweek()
     QCOMPARE(status(window), u"Loaded View Payweek summary for 04/18/2026"_s);
 }
 
+void tst_BrindlepathApp::startOpensLocationsAndTheSettlement()
+{
+    Workspace workspace;
+    workspace.makeTrips();
+    makeLocationsWith(workspace, u"('MEM-02'), ('DAL-01')"_s);
+    expense(u"04/18/2026"_s, u"Permit"_s, 12.0).insert(workspace);
+    const BrindlepathApp window;
+    QCOMPARE(column(named<QTableWidget>(window, "locationTable"), u"Code"_s),
+             QStringList({u"DAL-01"_s, u"MEM-02"_s}));
+    QCOMPARE(column(named<QTableWidget>(window, "settlementItems"), u"Name"_s),
+             QStringList({u"Permit"_s}));
+    QCOMPARE(startValue(window, "startLocationsValue"), u"2"_s);
+    QVERIFY(QSqlDatabase::database(u"locations_connection"_s, false).isOpen());
+    QVERIFY(QSqlDatabase::database(u"settlement_trips_connection"_s, false).isOpen());
+}
+
+void tst_BrindlepathApp::startWithLocationsAloneEndsAtTheirCount()
+{
+    Workspace workspace;
+    const DialogRobot robot;
+    makeLocationsWith(workspace, u"('MEM-02')"_s);
+    const BrindlepathApp window;
+    QCOMPARE(status(window),
+             "Opened locations DB: "_L1 + QDir::current().filePath(u"locations.db"_s));
+    QCOMPARE(startValue(window, "startDatabaseValue"), u"No database open"_s);
+    QCOMPARE(startValue(window, "startLocationsValue"), u"1"_s);
+    QCOMPARE(robot.seen().size(), 0);
+}
+
+void tst_BrindlepathApp::damagedLocationsGiveTheirOwnBox()
+{
+    Workspace workspace;
+    workspace.makeTrips();
+    const QByteArray noise(200, 'n');
+    workspace.makeFile(u"locations.db"_s, noise);
+    DialogRobot robot;
+    robot.expectContaining(DialogRobot::Critical, u"Query Error"_s, u"file is not a database"_s);
+    const BrindlepathApp window;
+    QCOMPARE(robot.seen().size(), 1);
+    QCOMPARE(status(window), u"Loaded 0 payweeks for View Payweek"_s);
+    QCOMPARE(workspace.bytes(u"locations.db"_s), noise);
+}
+
 void tst_BrindlepathApp::damagedFileGivesItsBoxesAndAUsableWindow()
 {
     const Workspace workspace;
@@ -202,6 +261,7 @@ void tst_BrindlepathApp::damagedFileGivesItsBoxesAndAUsableWindow()
     robot.expectContaining(DialogRobot::Critical, u"Cost Item Name Query Error"_s, reason);
     robot.expectContaining(DialogRobot::Critical, u"Payweek Query Error"_s, reason);
     robot.expectContaining(DialogRobot::Critical, u"Query Error"_s, reason);
+    robot.expectContaining(DialogRobot::Critical, u"Settlement Payweek Error"_s, reason);
     robot.expectContaining(DialogRobot::Critical, u"Payweek Load Error"_s, reason);
     BrindlepathApp window;
     Person::shows(window);
@@ -210,14 +270,28 @@ void tst_BrindlepathApp::damagedFileGivesItsBoxesAndAUsableWindow()
     QCOMPARE(workspace.bytes(u"trips.db"_s), noise);
 }
 
+void tst_BrindlepathApp::pagesOpenTheirFilesInTheirOrder()
+{
+    const Workspace workspace;
+    QVERIFY(QDir().mkdir(workspace.path(u"trips.db"_s)));
+    workspace.makeFile(u"locations.db"_s, QByteArray(200, 'n'));
+    DialogRobot robot;
+    robot.expectContaining(DialogRobot::Critical, u"Database Error"_s, u"unable to open"_s);
+    robot.expectContaining(DialogRobot::Critical, u"Query Error"_s, u"file is not a database"_s);
+    robot.expectContaining(DialogRobot::Critical, u"Database Error"_s, u"unable to open"_s);
+    robot.expectContaining(DialogRobot::Critical, u"Database Error"_s, u"unable to open"_s);
+    const BrindlepathApp window;
+    QCOMPARE(robot.seen().size(), 4);
+}
+
 void tst_BrindlepathApp::directoryNamedTripsDbGivesOneBoxAPage()
 {
     const Workspace workspace;
     QVERIFY(QDir().mkdir(workspace.path(u"trips.db"_s)));
     DialogRobot robot;
     const QString reason = u"unable to open database file"_s;
-    robot.expectContaining(DialogRobot::Critical, u"Database Error"_s, reason);
-    robot.expectContaining(DialogRobot::Critical, u"Database Error"_s, reason);
+    for (int page = 0; page < 3; ++page) // Trips, Edit Settlement, View Payweek
+        robot.expectContaining(DialogRobot::Critical, u"Database Error"_s, reason);
     const BrindlepathApp window;
     QCOMPARE(startValue(window, "startDatabaseValue"), u"trips.db"_s);
     QCOMPARE(startValue(window, "startTripsValue"), u"Not available"_s);
@@ -235,6 +309,8 @@ void tst_BrindlepathApp::zeroByteFileGivesTheBoxesOfEachPageOnce()
     robot.expectContaining(DialogRobot::Critical, u"Cost Item Name Query Error"_s, u"cost"_s);
     robot.expectContaining(DialogRobot::Critical, u"Payweek Query Error"_s, u"trips"_s);
     robot.expectContaining(DialogRobot::Critical, u"Query Error"_s, u"trips"_s);
+    robot.expectContaining(DialogRobot::Critical, u"Settlement Payweek Error"_s,
+                           u"no such table"_s);
     robot.expectContaining(DialogRobot::Critical, u"Payweek Load Error"_s,
                            u"settlement_non_trip_items"_s);
     const BrindlepathApp window;
@@ -256,6 +332,61 @@ void tst_BrindlepathApp::choosingAPageWritesTitleAndStatus()
     goTo(window, u"Start Screen"_s);
     QCOMPARE(window.windowTitle(), u"Brindlepath Desk"_s);
     QCOMPARE(status(window), u"Current Page: Start Screen"_s);
+}
+
+void tst_BrindlepathApp::pageChosenShowsItselfAndItsName_data()
+{
+    QTest::addColumn<QString>("page");
+    QTest::addColumn<int>("index");
+    QTest::newRow("trips") << u"Trips"_s << 1;
+    QTest::newRow("locations") << u"Locations"_s << 2;
+    QTest::newRow("edit settlement") << u"Edit Settlement"_s << 3;
+    QTest::newRow("view payweek") << u"View Payweek"_s << 4;
+}
+
+void tst_BrindlepathApp::pageChosenShowsItselfAndItsName()
+{
+    QFETCH(const QString, page);
+    const Workspace workspace;
+    const DialogRobot robot;
+    BrindlepathApp window;
+    Person::shows(window);
+    goTo(window, page);
+    QTEST(named<QStackedWidget>(window, "pageStack")->currentIndex(), "index");
+    QCOMPARE(window.windowTitle(), "Brindlepath Desk - "_L1 + page);
+    QCOMPARE(status(window), "Current Page: "_L1 + page);
+    QCOMPARE(robot.seen().size(), 0);
+}
+
+void tst_BrindlepathApp::whatPagesReportStandsInTheStatusLine()
+{
+    Workspace workspace;
+    workspace.makeTrips();
+    workspace.makeLocations();
+    expense(u"04/18/2026"_s, u"Permit"_s, 12.0).insert(workspace);
+    BrindlepathApp window;
+    Person::shows(window);
+    goTo(window, u"Locations"_s);
+    Person::clicks(window, u"Refresh"_s);
+    QCOMPARE(status(window), u"Loaded 0 locations"_s);
+    goTo(window, u"Edit Settlement"_s);
+    Person::clicks(window, u"Refresh"_s);
+    QCOMPARE(status(window), u"Loaded 1 settlement rows for 04/18/2026"_s);
+}
+
+void tst_BrindlepathApp::locationSavedByHandIsCountedOnTheStartScreen()
+{
+    Workspace workspace;
+    workspace.makeLocations();
+    BrindlepathApp window;
+    Person::shows(window);
+    goTo(window, u"Locations"_s);
+    Person::clicks(window, u"New / Clear"_s);
+    Person::types(named<QLineEdit>(window, "locationCodeField"), u"DAL-01"_s);
+    Person::clicks(window, u"Save Location"_s);
+    QCOMPARE(startValue(window, "startLocationsValue"), u"0"_s);
+    goTo(window, u"Start Screen"_s);
+    QCOMPARE(startValue(window, "startLocationsValue"), u"1"_s);
 }
 
 void tst_BrindlepathApp::emptyPayweekLeavesNoSeparatorInTheTitle()
@@ -305,8 +436,8 @@ void tst_BrindlepathApp::clickOnAPayweekOpensIt()
     Person::shows(window);
     goTo(window, u"Trips"_s);
     Person::clicksCell(named<QTableWidget>(window, "tripList"), 1, 2);
-    QCOMPARE(named<QListWidget>(window, "navigationList")->currentRow(), 2);
-    QCOMPARE(named<QStackedWidget>(window, "pageStack")->currentIndex(), 2);
+    QCOMPARE(named<QListWidget>(window, "navigationList")->currentRow(), 4);
+    QCOMPARE(named<QStackedWidget>(window, "pageStack")->currentIndex(), 4);
     QCOMPARE(named<QComboBox>(window, "payweekBox")->currentText(), u"04/11/2026"_s);
     QCOMPARE(window.windowTitle(), u"Brindlepath Desk - View Payweek - 04/11/2026"_s);
     QCOMPARE(status(window), u"Opened View Payweek for 04/11/2026"_s);
@@ -377,13 +508,7 @@ void tst_BrindlepathApp::emptyTablesShowTheirCounts()
 {
     Workspace workspace;
     workspace.makeTrips();
-    QString error;
-    QSqlDatabase locations;
-    DatabaseLocator::openNamedConnection(locations, u"test_locations"_s, workspace.makeLocations(),
-                                         error);
-    runSql(locations, u"INSERT INTO locations (code) VALUES ('DAL-01'), ('MEM-02')"_s, {}, error);
-    DatabaseLocator::releaseNamedConnection(locations, u"test_locations"_s);
-    QCOMPARE(error, QString());
+    makeLocationsWith(workspace, u"('DAL-01'), ('MEM-02')"_s);
     const BrindlepathApp window;
     QCOMPARE(startValue(window, "startDatabaseValue"), u"trips.db"_s);
     QCOMPARE(startValue(window, "startTripsValue"), u"0"_s);
@@ -404,7 +529,7 @@ void tst_BrindlepathApp::payweekThatIsNotThereLeavesTheSelection()
     workspace.execute(u"UPDATE trips SET payweek = '04/25/2026'"_s);
     Person::clicks(window, u"Refresh"_s);
     Person::clicksCell(named<QTableWidget>(window, "tripList"), 0, 2);
-    QCOMPARE(named<QListWidget>(window, "navigationList")->currentRow(), 2);
+    QCOMPARE(named<QListWidget>(window, "navigationList")->currentRow(), 4);
     QCOMPARE(window.windowTitle(), u"Brindlepath Desk - View Payweek - 04/18/2026"_s);
     QCOMPARE(status(window), u"Payweek not found in View Payweek selector: 04/25/2026"_s);
 }

@@ -42,7 +42,8 @@ const QHash<QString, QStringList> mayKnow = {
       u"reports"_s}},
 };
 
-const QStringList headersBelowThePages = {u"app/PageParts.h"_s, u"app/UiScale.h"_s,
+const QStringList headersBelowThePages = {u"app/DataCell.h"_s, u"app/DataTable.h"_s,
+                                          u"app/PageParts.h"_s, u"app/UiScale.h"_s,
                                           u"app/WheelGuard.h"_s};
 
 QStringList matchesOf(const QString &pattern, const QString &text)

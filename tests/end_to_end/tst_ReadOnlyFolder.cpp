@@ -29,6 +29,7 @@ public:
         , caller(geteuid())
     {
         changeMode(workspace.path(u"trips.db"_s), 0444);
+        changeMode(workspace.path(u"locations.db"_s), 0444);
         ::chmod(folder.constData(), 0555);
         if (caller == 0)
             changed = ::seteuid(nobody) == 0;
@@ -61,6 +62,7 @@ class tst_ReadOnlyFolder : public QObject
 private Q_SLOTS:
     void tripsCanBeReadAndNoFileComesToBe();
     void savingSaysWhyItFailsAndKeepsTheForm();
+    void savingALocationSaysWhyItFailsAndKeepsTheForm();
     void olderFileCannotBeBroughtUpToDate();
 };
 
@@ -68,13 +70,14 @@ void tst_ReadOnlyFolder::tripsCanBeReadAndNoFileComesToBe()
 {
     Workspace workspace;
     workspace.makeTrips();
+    workspace.makeLocations();
     trip().no(u"4471203"_s).insert(workspace);
     const WithoutWriteAccess readOnly(workspace);
     const DialogRobot robot;
     const BrindlepathApp window;
     QCOMPARE(column(window.findChild<QTableWidget *>(u"tripList"_s), u"Trip #"_s),
              QStringList({u"4471203"_s}));
-    QCOMPARE(QDir().entryList(QDir::Files), QStringList({u"trips.db"_s}));
+    QCOMPARE(QDir().entryList(QDir::Files), QStringList({u"locations.db"_s, u"trips.db"_s}));
     QCOMPARE(robot.seen().size(), 0);
 }
 
@@ -97,6 +100,27 @@ void tst_ReadOnlyFolder::savingSaysWhyItFailsAndKeepsTheForm()
     Person::clicks(window, u"Save Trip / Changes"_s);
     QCOMPARE(linehaul->text(), u"1500"_s);
     QCOMPARE(workspace.bytes(u"trips.db"_s), before);
+}
+
+void tst_ReadOnlyFolder::savingALocationSaysWhyItFailsAndKeepsTheForm()
+{
+    Workspace workspace;
+    workspace.makeLocations();
+    const QByteArray before = workspace.bytes(u"locations.db"_s);
+    const WithoutWriteAccess readOnly(workspace);
+    DialogRobot robot;
+    BrindlepathApp window;
+    Person::shows(window);
+    window.findChild<QListWidget *>(u"navigationList"_s)->setCurrentRow(2);
+    Person::clicks(window, u"New / Clear"_s);
+    auto *code = window.findChild<QLineEdit *>(u"locationCodeField"_s);
+    Person::types(code, u"DAL-01"_s);
+    robot.expectContaining(DialogRobot::Critical, u"Save Error"_s,
+                           u"attempt to write a readonly database"_s);
+    Person::clicks(window, u"Save Location"_s);
+    QCOMPARE(code->text(), u"DAL-01"_s);
+    QVERIFY(!code->isReadOnly());
+    QCOMPARE(workspace.bytes(u"locations.db"_s), before);
 }
 
 void tst_ReadOnlyFolder::olderFileCannotBeBroughtUpToDate()
