@@ -214,8 +214,8 @@ private Q_SLOTS:
         QCOMPARE(error, u"No settlement item was updated. It may have already been deleted."_s);
         QVERIFY(!deleteSettlementItem(file.database(), 7, error));
         QCOMPARE(error, u"No settlement item was deleted. It may have already been deleted."_s);
-        QCOMPARE(file.value(u"SELECT group_concat(name) FROM settlement_non_trip_items"_s),
-                 u"ELD"_s);
+        QCOMPARE(workspace.rows(u"SELECT * FROM settlement_non_trip_items"_s),
+                 QList<QStringList>({{u"1"_s, week, u"expense"_s, u"ELD"_s, u"9.25"_s}}));
     }
 
     void deletedItemIsGoneAlone()
@@ -273,6 +273,32 @@ private Q_SLOTS:
                  QList<QStringList>({{week, u"5.5"_s}}));
         QVERIFY(saveSettlementApr(file.database(), week, 0.0, error));
         QCOMPARE(file.value(u"SELECT COUNT(*) FROM settlement_meta"_s), 1);
+    }
+
+    void rateStoredWithBlanksAroundItsPayweekIsReadAndChanged()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        apr(u" 04/18/2026 "_s, 4.25).insert(workspace);
+        QString error;
+        double rate = 9.0;
+        QVERIFY(loadSettlementApr(file.database(), week, rate, error));
+        QCOMPARE(rate, 4.25);
+        QVERIFY(saveSettlementApr(file.database(), week, 5.5, error));
+        QCOMPARE(workspace.rows(u"SELECT settlement_date, apr FROM settlement_meta"_s),
+                 QList<QStringList>({{u" 04/18/2026 "_s, u"5.5"_s}}));
+    }
+
+    void rateThatWasNeverFilledInIsZero()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        apr(week, 0.0).set(u"apr"_s, QVariant()).insert(workspace);
+        QString error = u"left over"_s;
+        double rate = 9.0;
+        QVERIFY(loadSettlementApr(file.database(), week, rate, error));
+        QCOMPARE(rate, 0.0);
+        QCOMPARE(error, QString());
     }
 
     void rateNeedsAPayweekToBeSavedButNotToBeRead()

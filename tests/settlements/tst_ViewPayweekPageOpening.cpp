@@ -1,49 +1,18 @@
 #include "data/DatabaseLocator.h"
 #include "settlements/PayweekRows.h"
 #include "settlements/PayweekWindow.h"
+#include "settlements/ReadingOrder.h"
 #include "support/DialogRobot.h"
 #include "support/TableReaders.h"
 
 #include <QDir>
-#include <QPushButton>
 #include <QScrollArea>
 #include <QSqlDatabase>
 #include <QTest>
 
-#include <algorithm>
 #include <memory>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-// What a person calls a part of the page; a part without a text goes by its name.
-QString nameOf(const QWidget *part)
-{
-    if (const auto *label = qobject_cast<const QLabel *>(part))
-        return label->text();
-    const auto *button = qobject_cast<const QPushButton *>(part);
-    return button ? button->text() : part->objectName();
-}
-
-/// The visible parts of the page, row by row from top to bottom and in a row from left to right.
-QStringList partsInReadingOrder(const QWidget *content)
-{
-    QList<QWidget *> parts = content->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
-    parts.removeIf([](const QWidget *part) { return !part->isVisible(); });
-    std::sort(parts.begin(), parts.end(), [](const QWidget *one, const QWidget *other) {
-        const QRect left = one->geometry();
-        const QRect right = other->geometry();
-        const bool inOneRow = left.top() <= right.bottom() && right.top() <= left.bottom();
-        return inOneRow ? left.left() < right.left() : left.top() < right.top();
-    });
-    QStringList names;
-    for (const QWidget *part : parts)
-        names.append(nameOf(part));
-    return names;
-}
-
-} // namespace
 
 /// How a file comes onto the page, and what the page is without one.
 class tst_ViewPayweekPageOpening : public QObject
