@@ -8,6 +8,13 @@ OneCallConnection::OneCallConnection(const QString &connectionName, Open open, Q
 {
 }
 
+OneCallConnection::OneCallConnection(const QString &connectionName, const QString &path,
+                                     QString &error)
+    : name(connectionName)
+{
+    DatabaseLocator::openNamedConnection(handle, name, path, error);
+}
+
 OneCallConnection::~OneCallConnection()
 {
     if (handle.isValid())

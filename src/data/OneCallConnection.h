@@ -13,6 +13,9 @@ public:
 
     /// Opens at once. A name whose open failed stays registered until the next call replaces it.
     OneCallConnection(const QString &connectionName, Open open, QString &error);
+
+    /// Opens the file at `path`; without a connection the driver's text is in `error`.
+    OneCallConnection(const QString &connectionName, const QString &path, QString &error);
     ~OneCallConnection();
     Q_DISABLE_COPY_MOVE(OneCallConnection)
 

@@ -6,6 +6,17 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// The driver writes a QString that was never given a text as NULL, which no text column here takes.
+QVariant boundValue(const QVariant &value)
+{
+    const bool isNullText = value.typeId() == QMetaType::QString && value.toString().isNull();
+    return isNullText ? QVariant(u""_s) : value;
+}
+
+} // namespace
+
 SqlStatement::SqlStatement(const QSqlDatabase &database, const QString &sql)
     : query(database)
 {
@@ -28,7 +39,7 @@ bool SqlStatement::run(const QVariantList &values, QString &error)
         return false;
     }
     for (qsizetype i = 0; i < values.size(); ++i)
-        query.bindValue(static_cast<int>(i), values.at(i));
+        query.bindValue(static_cast<int>(i), boundValue(values.at(i)));
     if (!query.exec()) {
         error = query.lastError().text();
         query.finish();

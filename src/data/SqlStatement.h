@@ -16,7 +16,8 @@ public:
     /// Prepares `sql`. A statement that cannot be prepared tells so at its first run.
     SqlStatement(const QSqlDatabase &database, const QString &sql);
 
-    /// Runs the statement with the values bound by position.
+    /// Runs the statement with the values bound by position. A text without content is bound as an
+    /// empty text; NULL is bound by an invalid value.
     /// On failure returns false and puts the driver's text, unchanged, into `error`.
     bool run(const QVariantList &values, QString &error);
 

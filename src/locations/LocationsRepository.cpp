@@ -49,7 +49,7 @@ QVariant boundValue(int field, const QString &text)
 {
     const QString trimmed = text.trimmed();
     if (field != Latitude && field != Longitude)
-        return trimmed.isNull() ? u""_s : trimmed; // a null string would be stored as NULL
+        return trimmed;
     return trimmed.isEmpty() ? QVariant() : QVariant(trimmed.toDouble());
 }
 

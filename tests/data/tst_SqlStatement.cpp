@@ -119,6 +119,16 @@ private Q_SLOTS:
                  QList<QStringList>({{u"5"_s}}));
     }
 
+    void textWithoutContentIsStoredAsAnEmptyTextAndNotAsNull()
+    {
+        const LoadsFile file;
+        QString error;
+        SqlStatement insert(file.database(), u"INSERT INTO loads VALUES (?, ?)"_s);
+        QVERIFY2(insert.run({QString(), QVariant()}, error), qPrintable(error));
+        QCOMPARE(file.rows(u"SELECT typeof(code), typeof(miles) FROM loads"_s),
+                 QList<QStringList>({{u"text"_s, u"null"_s}}));
+    }
+
     void badSqlGivesTheDriversTextAtEachRunAndVisitsNothing()
     {
         const LoadsFile file;
