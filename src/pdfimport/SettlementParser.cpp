@@ -101,8 +101,8 @@ FuelReviewRow rowFromLine(const QString &line, const QString &type)
     static const QRegularExpression trip(uR"(\b(\d{5,9})\b)"_s);
     static const QRegularExpression gallons = ignoringCase(uR"((\d+(?:\.\d+)?)\s+GALS?\b)"_s);
     FuelReviewRow row;
-    row.dataset = u"Deduction Fuel"_s;
-    row.route = u"fuel_detail"_s;
+    row.dataset = FuelReviewWords::deductionFuel;
+    row.route = FuelReviewWords::fuelDetail;
     row.description = type;
     row.tripNo = firstCapture(trip, line);
     row.gallons = DomainRules::parseNumberText(firstCapture(gallons, line));

@@ -4,6 +4,15 @@
 #include <QString>
 #include <QStringList>
 
+/// The words that a row under review says where it came from, and where it goes to, with.
+namespace FuelReviewWords {
+
+inline const QString deductionFuel = QStringLiteral("Deduction Fuel");
+inline const QString manualFuel = QStringLiteral("Manual Fuel");
+inline const QString fuelDetail = QStringLiteral("fuel_detail");
+
+} // namespace FuelReviewWords
+
 /// One fuel or DEF row of a settlement, as read or as typed: dollars and gallons. It is a
 /// candidate for a person to review, not a fact.
 struct FuelReviewRow
