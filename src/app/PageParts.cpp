@@ -8,18 +8,12 @@
 
 namespace PageParts {
 
-namespace {
-
-constexpr int headingGrowth = 4;
-
-} // namespace
-
-QLabel *makeHeading(const QString &text, QWidget *parent)
+QLabel *makeHeading(const QString &text, QWidget *parent, int growth)
 {
     auto *label = new QLabel(text, parent);
     QFont font = label->font();
     font.setBold(true);
-    font.setPointSize(font.pointSize() + headingGrowth);
+    font.setPointSize(font.pointSize() + growth);
     label->setFont(font);
     return label;
 }

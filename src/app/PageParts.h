@@ -9,8 +9,8 @@ class QLabel;
 /// What several pages have in common.
 namespace PageParts {
 
-/// The heading of a page: bold, four points larger than the text.
-QLabel *makeHeading(const QString &text, QWidget *parent);
+/// The heading of a page: bold, and `growth` points larger than the text.
+QLabel *makeHeading(const QString &text, QWidget *parent, int growth = 4);
 
 /// A label that names a field or a table beside it and takes the keyboard there.
 QLabel *makeCaption(const QString &text, QWidget *field);

@@ -24,12 +24,19 @@ constexpr QStringView ascendingArrow = u" \u25B2";
 constexpr QStringView descendingArrow = u" \u25BC";
 constexpr QStringView sortableArrow = u" \u2195";
 
+const QString scaleKey = u"appearance/uiScalePercent"_s;
+
 // The sort of a table is kept on the table itself, so that it outlives every refill.
 constexpr auto baseHeadersProperty = "uiScaleHelperBaseHeaders";
 constexpr auto sortColumnProperty = "uiScaleHelperSortColumn";
 constexpr auto hasSortColumnProperty = "uiScaleHelperHasSortColumn";
 constexpr auto sortAscendingProperty = "uiScaleHelperSortAscending";
 constexpr auto connectedProperty = "uiScaleHelperSortArrowConnected";
+
+QSettings settingsStore()
+{
+    return QSettings(u"Brindle Path LLC"_s, u"Brindlepath Desk"_s);
+}
 
 // Whole pixels or points, rounded down, but never less than `least`.
 // The product is wide because a damaged settings store may hold any number.
@@ -119,8 +126,14 @@ int clampedPercent(int percent)
 
 int savedUiScalePercent()
 {
-    const QSettings settings(u"Brindle Path LLC"_s, u"Brindlepath Desk"_s);
-    return settings.value(u"appearance/uiScalePercent"_s, defaultPercent).toInt();
+    return settingsStore().value(scaleKey, defaultPercent).toInt();
+}
+
+void saveUiScalePercent(int percent)
+{
+    QSettings settings = settingsStore();
+    settings.setValue(scaleKey, clampedPercent(percent));
+    settings.sync();
 }
 
 int applicationPointSize(int percent)

@@ -23,6 +23,9 @@ int clampedPercent(int percent);
 /// The percentage in the settings store as it stands there, not clamped; 100 without one.
 int savedUiScalePercent();
 
+/// Stores the percentage, brought into 75..175, and writes it to disk at once.
+void saveUiScalePercent(int percent);
+
 /// The application's point size at `percent` of 10 points, at least 8. Not clamped.
 int applicationPointSize(int percent);
 

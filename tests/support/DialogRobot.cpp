@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QMetaEnum>
 #include <QPushButton>
@@ -145,6 +146,7 @@ DialogRobot::Seen DialogRobot::described(const QDialog *dialog)
     } else if (const auto *files = qobject_cast<const QFileDialog *>(dialog)) {
         seen.kind = FileDialog;
         seen.nameFilters = files->nameFilters();
+        seen.fileName = files->findChild<QLineEdit *>(u"fileNameEdit"_s)->text();
     }
     return seen;
 }

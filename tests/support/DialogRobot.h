@@ -31,8 +31,9 @@ public:
         QString text = {};
         QStringList buttons = {};
         QString defaultButton = {};
-        /// The filters of a file dialog.
+        /// The filters of a file dialog, and the name that it proposes.
         QStringList nameFilters = {};
+        QString fileName = {};
     };
 
     /// What to do with an expected dialog; without a word the robot presses "OK".

@@ -89,6 +89,20 @@ private Q_SLOTS:
         QCOMPARE(UiScale::scaledFont(nullptr, UiScale::savedUiScalePercent(), 12).pointSize(), 21);
     }
 
+    void thePercentIsSavedWithinItsBounds_data() { thePercentIsHeldBetween75And175_data(); }
+
+    void thePercentIsSavedWithinItsBounds()
+    {
+        QFETCH(const int, percent);
+        QFETCH(const int, clamped);
+        const Workspace workspace;
+        UiScale::saveUiScalePercent(percent);
+        QCOMPARE(UiScale::savedUiScalePercent(), clamped);
+        // At once on disk, under the key that the next start reads.
+        QCOMPARE(workspace.bytes(u"settings/Brindle Path LLC/Brindlepath Desk.conf"_s),
+                 "[appearance]\nuiScalePercent=" + QByteArray::number(clamped) + '\n');
+    }
+
     void theApplicationsFontFollowsThePercent_data()
     {
         QTest::addColumn<int>("percent");
