@@ -11,7 +11,7 @@ namespace {
 std::optional<double> shownNumber(const QString &raw)
 {
     QString text = raw.trimmed().remove(u'$').remove(u',');
-    for (const auto unit : {"/mi"_L1, "/hr"_L1, "mi"_L1, "hr"_L1})
+    for (const auto unit : {"/gal"_L1, "/mi"_L1, "/hr"_L1, "mi"_L1, "hr"_L1})
         text.remove(unit, Qt::CaseInsensitive);
     bool ok = false;
     const double number = text.trimmed().toDouble(&ok);

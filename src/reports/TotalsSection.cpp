@@ -1,0 +1,39 @@
+#include "reports/TotalsSection.h"
+
+#include "app/PageParts.h"
+#include "reports/TotalsTable.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+TotalsSection::TotalsSection(const QString &title, const QString &firstSummary,
+                             TotalsTable *sectionTable, int leastRows, QWidget *parent)
+    : QGroupBox(title, parent)
+    , summaryLabel(PageParts::makeNote(firstSummary, this))
+    , actionRow(new QHBoxLayout)
+    , table(sectionTable)
+    , leastVisibleRows(leastRows)
+{
+    summaryLabel->setObjectName(table->objectName() + "Summary"_L1);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(summaryLabel);
+    layout->addLayout(actionRow);
+    layout->addWidget(table, 1);
+    fitTable();
+}
+
+void TotalsSection::showTotals(const QString &summary, const QList<QStringList> &rows)
+{
+    summaryLabel->setText(summary);
+    table->showRows(rows);
+}
+
+void TotalsSection::fitTable()
+{
+    const int header = table->horizontalHeader()->sizeHint().height();
+    const int rowHeight = table->verticalHeader()->defaultSectionSize();
+    table->setMinimumHeight(header + leastVisibleRows * rowHeight + 2 * table->frameWidth());
+}

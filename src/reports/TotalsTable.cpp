@@ -1,0 +1,46 @@
+#include "reports/TotalsTable.h"
+
+#include "app/DataCell.h"
+#include "app/UiScale.h"
+
+#include <QHeaderView>
+
+TotalsTable::TotalsTable(const QString &objectName, const QString &accessibleName,
+                         const QStringList &columnLabels, int firstFigure, QWidget *parent)
+    : DataTable(objectName, accessibleName, 0, parent)
+    , labels(columnLabels)
+    , firstFigureColumn(firstFigure)
+{
+    setColumnCount(static_cast<int>(labels.size()));
+    setHorizontalHeaderLabels(labels);
+    horizontalHeader()->setStretchLastSection(true);
+}
+
+void TotalsTable::showRows(const QList<QStringList> &rows)
+{
+    setUpdatesEnabled(false);
+    setRowCount(static_cast<int>(rows.size()));
+    for (int row = 0; row < rowCount(); ++row) {
+        for (int column = 0; column < columnCount(); ++column) {
+            const bool isFigure = column >= firstFigureColumn;
+            setItem(row, column,
+                    new DataCell(isFigure ? DataCell::Form::Number : DataCell::Form::Text,
+                                 rows.at(row).at(column)));
+        }
+    }
+    UiScale::sortAsChosen(this);
+    resizeColumnsToContents();
+    horizontalHeader()->setStretchLastSection(true);
+    setUpdatesEnabled(true);
+}
+
+void TotalsTable::makeSortable()
+{
+    UiScale::setSortableHeaders(this, labels);
+}
+
+QString TotalsTable::text(int row, int column) const
+{
+    const QTableWidgetItem *cell = item(row, column);
+    return cell ? cell->text() : QString();
+}

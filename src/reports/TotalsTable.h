@@ -1,0 +1,26 @@
+#pragma once
+
+#include "app/DataTable.h"
+
+/// A table of the Totals page or of one of its popups: texts on the left, figures on the right.
+class TotalsTable : public DataTable
+{
+    Q_OBJECT
+
+public:
+    /// Columns from `firstFigure` on hold figures.
+    TotalsTable(const QString &objectName, const QString &accessibleName,
+                const QStringList &columnLabels, int firstFigure, QWidget *parent);
+
+    /// Shows the rows, in the order that the person chose by a click on a header.
+    void showRows(const QList<QStringList> &rows);
+
+    /// Lets a click on a header sort the rows.
+    void makeSortable();
+
+    [[nodiscard]] QString text(int row, int column) const;
+
+private:
+    QStringList labels;
+    int firstFigureColumn;
+};
