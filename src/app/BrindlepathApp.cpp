@@ -3,8 +3,13 @@
 #include "app/UiScale.h"
 #include "data/DatabaseLocator.h"
 #include "locations/LocationsPage.h"
+#include "pdfimport/ImportHistoryPage.h"
+#include "pdfimport/ImportPdfPage.h"
+#include "reports/PayTotalsPage.h"
+#include "reports/ReportsPage.h"
 #include "settings/AboutDialog.h"
 #include "settings/ProductFacts.h"
+#include "settings/SettingsPage.h"
 #include "settlements/EditSettlementPage.h"
 #include "settlements/ViewPayweekPage.h"
 #include "trips/TripsPage.h"
@@ -29,6 +34,10 @@ const QString tripsName = u"Trips"_s;
 const QString locationsName = u"Locations"_s;
 const QString editSettlementName = u"Edit Settlement"_s;
 const QString viewPayweekName = u"View Payweek"_s;
+const QString totalsName = u"Totals"_s;
+const QString reportsName = u"Reports"_s;
+const QString importHistoryName = u"Database Activity History"_s;
+const QString settingsName = u"Settings"_s;
 
 template <typename Page>
 void openWhatIsFound(Page *page, const QString &fileName)
@@ -62,6 +71,8 @@ void BrindlepathApp::buildUi()
     QHBoxLayout *centralLayout = buildCentralLayout();
     buildNavigation();
     buildPages();
+    buildImportPages(centralLayout->parentWidget());
+    buildSettingsPage();
     stackPages();
     fillCentralWidget(centralLayout);
     buildHelpMenu();
@@ -85,8 +96,9 @@ void BrindlepathApp::buildNavigation()
     navigationList->setAccessibleName(tr("Pages"));
     navigationList->setMinimumWidth(190);
     navigationList->setMaximumWidth(260);
-    navigationList->addItems(
-        {startScreenName, tripsName, locationsName, editSettlementName, viewPayweekName});
+    navigationList->addItems({startScreenName, tripsName, locationsName, editSettlementName,
+                              viewPayweekName, totalsName, reportsName, importHistoryName,
+                              settingsName});
 }
 
 void BrindlepathApp::buildPages()
@@ -116,6 +128,32 @@ void BrindlepathApp::buildPages()
         if (pageStack->currentWidget() == viewPayweekPage)
             updateViewPayweekTitle(payweek);
     };
+
+    payTotalsPage = new PayTotalsPage(this);
+    payTotalsPage->statusCallback = toStatusLine;
+    reportsPage = new ReportsPage(this);
+    reportsPage->statusCallback = toStatusLine;
+}
+
+void BrindlepathApp::buildImportPages(QWidget *central)
+{
+    // Never shown: a driver scans fuel on the trip itself. Without a layout around it and hidden,
+    // it takes no room and no click.
+    importPdfPage = new ImportPdfPage(central);
+    importPdfPage->hide();
+    importHistoryPage = new ImportHistoryPage(this);
+    importHistoryPage->statusCallback = [this](const QString &text) { setStatusText(text); };
+    connect(importPdfPage, &ImportPdfPage::importAppliedSuccessfully, importHistoryPage,
+            &ImportHistoryPage::refreshHistory);
+}
+
+void BrindlepathApp::buildSettingsPage()
+{
+    settingsPage = new SettingsPage(this);
+    connect(settingsPage, &SettingsPage::uiScaleChanged, this, [this](int percent) {
+        applyUiScale(percent);
+        setStatusText(tr("UI scale set to %1%").arg(percent));
+    });
 }
 
 void BrindlepathApp::stackPages()
@@ -125,6 +163,10 @@ void BrindlepathApp::stackPages()
     pageStack->addWidget(locationsPage);
     pageStack->addWidget(editSettlementPage);
     pageStack->addWidget(viewPayweekPage);
+    pageStack->addWidget(payTotalsPage);
+    pageStack->addWidget(reportsPage);
+    pageStack->addWidget(importHistoryPage);
+    pageStack->addWidget(settingsPage);
 }
 
 void BrindlepathApp::fillCentralWidget(QHBoxLayout *layout)
@@ -172,6 +214,7 @@ void BrindlepathApp::applyUiScale(int percent)
     navigationList->setFont(font);
     statusLabel->setFont(font);
     tripsPage->applyUiScale(clamped);
+    payTotalsPage->applyUiScale(clamped);
 }
 
 void BrindlepathApp::autoOpenDatabases()
@@ -180,6 +223,8 @@ void BrindlepathApp::autoOpenDatabases()
     openWhatIsFound(locationsPage, DatabaseLocator::locationsFileName);
     openWhatIsFound(editSettlementPage, DatabaseLocator::tripsFileName);
     openWhatIsFound(viewPayweekPage, DatabaseLocator::tripsFileName);
+    openWhatIsFound(payTotalsPage, DatabaseLocator::tripsFileName);
+    reportsPage->autoOpen();
     refreshStartScreen();
 }
 
@@ -198,6 +243,8 @@ void BrindlepathApp::onNavigationRowChanged(int row)
     } else {
         setWindowTitle(ProductFacts::displayName + " - "_L1 + name);
     }
+    if (name == importHistoryName)
+        importHistoryPage->refreshHistory();
     setStatusText(tr("Current Page: %1").arg(name));
 }
 

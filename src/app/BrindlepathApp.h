@@ -5,11 +5,16 @@
 #include <memory>
 
 class EditSettlementPage;
+class ImportHistoryPage;
+class ImportPdfPage;
 class LocationsPage;
+class PayTotalsPage;
 class QHBoxLayout;
 class QLabel;
 class QListWidget;
 class QStackedWidget;
+class ReportsPage;
+class SettingsPage;
 class TripsPage;
 class ViewPayweekPage;
 namespace Ui {
@@ -47,6 +52,8 @@ private:
     void buildUi();
     void buildNavigation();
     void buildPages();
+    void buildImportPages(QWidget *central);
+    void buildSettingsPage();
     void stackPages();
     QHBoxLayout *buildCentralLayout();
     void fillCentralWidget(QHBoxLayout *layout);
@@ -80,4 +87,9 @@ private:
     LocationsPage *locationsPage = nullptr;
     EditSettlementPage *editSettlementPage = nullptr;
     ViewPayweekPage *viewPayweekPage = nullptr;
+    PayTotalsPage *payTotalsPage = nullptr;
+    ReportsPage *reportsPage = nullptr;
+    ImportPdfPage *importPdfPage = nullptr;
+    ImportHistoryPage *importHistoryPage = nullptr;
+    SettingsPage *settingsPage = nullptr;
 };

@@ -1,5 +1,7 @@
 #include "app/ApplicationSetup.h"
 #include "app/BrindlepathApp.h"
+#include "pdfimport/ImportPdfPage.h"
+#include "settings/SettingsPage.h"
 #include "support/DialogRobot.h"
 #include "support/Person.h"
 #include "support/RowMakers.h"
@@ -37,8 +39,9 @@ private Q_SLOTS:
     void firstRowIsSelectedWithoutATitleChange();
     void startWithoutDatabasesIsSilentAndMakesNoFile();
     void startOpensTripsAndThePayweek();
+    void startShowsTotalsReportsAndHistory();
     void startOpensLocationsAndTheSettlement();
-    void startWithLocationsAloneEndsAtTheirCount();
+    void startWithLocationsAloneIsSilent();
     void damagedFileGivesItsBoxesAndAUsableWindow();
     void damagedLocationsGiveTheirOwnBox();
     void pagesOpenTheirFilesInTheirOrder();
@@ -47,6 +50,10 @@ private Q_SLOTS:
     void choosingAPageWritesTitleAndStatus();
     void pageChosenShowsItselfAndItsName_data();
     void pageChosenShowsItselfAndItsName();
+    void historyIsReadAfreshWhenItIsShown();
+    void historyThatCannotBeReadStillBecomesThePage();
+    void importRefreshesTheHistory();
+    void importPageIsNeverShown();
     void whatPagesReportStandsInTheStatusLine();
     void locationSavedByHandIsCountedOnTheStartScreen();
     void emptyPayweekLeavesNoSeparatorInTheTitle();
@@ -65,6 +72,8 @@ private Q_SLOTS:
     void statusTextStandsInLabelAndBar();
     void statusTextIsShownOnce();
     void scaleIsClampedAndReachesTheWholeWindow();
+    void scaleAppliedInSettingsSizesTheWindow();
+    void scaleIsToldAsItWasChosen();
     void savedScaleOutsideTheRangeIsClamped();
     void programClampsTheScaleOnlyInItsWindow();
     void markupInATextIsShownAsItStands();
@@ -134,9 +143,11 @@ void tst_BrindlepathApp::pagesStandInTheOrderOfTheNavigation()
     for (int index = 0; index < stack->count(); ++index)
         pages.append(stack->widget(index)->objectName());
     QCOMPARE(rows, QStringList({u"Start Screen"_s, u"Trips"_s, u"Locations"_s, u"Edit Settlement"_s,
-                                u"View Payweek"_s}));
+                                u"View Payweek"_s, u"Totals"_s, u"Reports"_s,
+                                u"Database Activity History"_s, u"Settings"_s}));
     QCOMPARE(pages, QStringList({u"startPage"_s, u"tripsPage"_s, u"locationsPage"_s,
-                                 u"editSettlementPage"_s, u"viewPayweekPage"_s}));
+                                 u"editSettlementPage"_s, u"viewPayweekPage"_s, u"payTotalsPage"_s,
+                                 u"reportsPage"_s, u"importHistoryPage"_s, u"settingsPage"_s}));
     QCOMPARE(navigation->minimumWidth(), 190);
     QCOMPARE(navigation->maximumWidth(), 260);
 }
@@ -166,7 +177,7 @@ void tst_BrindlepathApp::firstRowIsSelectedWithoutATitleChange()
     QCOMPARE(named<QListWidget>(window, "navigationList")->currentRow(), 0);
     QCOMPARE(named<QStackedWidget>(window, "pageStack")->currentIndex(), 0);
     QCOMPARE(window.windowTitle(), u"Brindlepath Desk"_s);
-    QCOMPARE(status(window), u"Loaded 0 payweeks for View Payweek"_s);
+    QCOMPARE(status(window), u"Reports refreshed."_s);
 }
 
 void tst_BrindlepathApp::startWithoutDatabasesIsSilentAndMakesNoFile()
@@ -175,7 +186,7 @@ void tst_BrindlepathApp::startWithoutDatabasesIsSilentAndMakesNoFile()
     const DialogRobot robot;
     const BrindlepathApp window;
     QCOMPARE(robot.seen().size(), 0);
-    QCOMPARE(status(window), u"Ready"_s);
+    QCOMPARE(status(window), u"Reports refreshed."_s);
     QCOMPARE(startValue(window, "startDatabaseValue"), u"No database open"_s);
     QCOMPARE(startValue(window, "startTripsValue"), u"Not available"_s);
     QCOMPARE(startValue(window, "startLocationsValue"), u"0"_s);
@@ -201,7 +212,23 @@ void tst_BrindlepathApp::startOpensTripsAndThePayweek()
     QCOMPARE(startValue(window, "startTripsValue"), u"1"_s);
     QCOMPARE(startValue(window, "startPayweekValue"), u"04/18/2026"_s);
     QCOMPARE(startValue(window, "startActivityLabel"), u"\u2022 Latest trip: 4471203"_s);
-    QCOMPARE(status(window), u"Loaded View Payweek summary for 04/18/2026"_s);
+    QCOMPARE(status(window), u"Reports refreshed."_s);
+}
+
+void tst_BrindlepathApp::startShowsTotalsReportsAndHistory()
+{
+    Workspace workspace;
+    workspace.makeTrips();
+    trip().no(u"4471203"_s).payweek(u"04/18/2026"_s).insert(workspace);
+    workspace.execute(u"INSERT INTO settlement_import_log (source_hash) "
+                      "VALUES ('database_activity')"_s);
+    const BrindlepathApp window;
+    QCOMPARE(startValue(window, "totalsScope"), u"Scope: Year 2026"_s);
+    QCOMPARE(named<QComboBox>(window, "reportYear")->currentText(), u"2026"_s);
+    QCOMPARE(startValue(window, "reportStatus"), u"Reports refreshed."_s);
+    QCOMPARE(column(named<QTableWidget>(window, "importHistoryGrid"), u"Action"_s),
+             QStringList({u"Database Activity"_s}));
+    QCOMPARE(startValue(window, "importHistoryStatus"), u"Loaded 1 database activity rows."_s);
 }
 
 void tst_BrindlepathApp::startOpensLocationsAndTheSettlement()
@@ -220,14 +247,13 @@ void tst_BrindlepathApp::startOpensLocationsAndTheSettlement()
     QVERIFY(QSqlDatabase::database(u"settlement_trips_connection"_s, false).isOpen());
 }
 
-void tst_BrindlepathApp::startWithLocationsAloneEndsAtTheirCount()
+void tst_BrindlepathApp::startWithLocationsAloneIsSilent()
 {
     Workspace workspace;
     const DialogRobot robot;
     makeLocationsWith(workspace, u"('MEM-02')"_s);
     const BrindlepathApp window;
-    QCOMPARE(status(window),
-             "Opened locations DB: "_L1 + QDir::current().filePath(u"locations.db"_s));
+    QCOMPARE(status(window), u"Reports refreshed."_s);
     QCOMPARE(startValue(window, "startDatabaseValue"), u"No database open"_s);
     QCOMPARE(startValue(window, "startLocationsValue"), u"1"_s);
     QCOMPARE(robot.seen().size(), 0);
@@ -243,7 +269,7 @@ void tst_BrindlepathApp::damagedLocationsGiveTheirOwnBox()
     robot.expectContaining(DialogRobot::Critical, u"Query Error"_s, u"file is not a database"_s);
     const BrindlepathApp window;
     QCOMPARE(robot.seen().size(), 1);
-    QCOMPARE(status(window), u"Loaded 0 payweeks for View Payweek"_s);
+    QCOMPARE(status(window), u"Reports refreshed."_s);
     QCOMPARE(workspace.bytes(u"locations.db"_s), noise);
 }
 
@@ -255,6 +281,7 @@ void tst_BrindlepathApp::damagedFileGivesItsBoxesAndAUsableWindow()
     workspace.makeFile(u"trips.db"_s, noise);
     DialogRobot robot;
     const QString reason = u"file is not a database"_s;
+    robot.expectContaining(DialogRobot::Warning, u"Import History"_s, reason);
     robot.expectContaining(DialogRobot::Critical, u"Trip Detail Setup Error"_s, reason);
     robot.expectContaining(DialogRobot::Critical, u"Trip Stop Setup Error"_s, reason);
     robot.expectContaining(DialogRobot::Critical, u"Pay Item Name Query Error"_s, reason);
@@ -276,12 +303,14 @@ void tst_BrindlepathApp::pagesOpenTheirFilesInTheirOrder()
     QVERIFY(QDir().mkdir(workspace.path(u"trips.db"_s)));
     workspace.makeFile(u"locations.db"_s, QByteArray(200, 'n'));
     DialogRobot robot;
+    robot.expectContaining(DialogRobot::Warning, u"Import History"_s, u"unable to open"_s);
     robot.expectContaining(DialogRobot::Critical, u"Database Error"_s, u"unable to open"_s);
     robot.expectContaining(DialogRobot::Critical, u"Query Error"_s, u"file is not a database"_s);
     robot.expectContaining(DialogRobot::Critical, u"Database Error"_s, u"unable to open"_s);
     robot.expectContaining(DialogRobot::Critical, u"Database Error"_s, u"unable to open"_s);
+    robot.expectContaining(DialogRobot::Critical, u"Database Error"_s, u"unable to open"_s);
     const BrindlepathApp window;
-    QCOMPARE(robot.seen().size(), 4);
+    QCOMPARE(robot.seen().size(), 6);
 }
 
 void tst_BrindlepathApp::directoryNamedTripsDbGivesOneBoxAPage()
@@ -290,12 +319,13 @@ void tst_BrindlepathApp::directoryNamedTripsDbGivesOneBoxAPage()
     QVERIFY(QDir().mkdir(workspace.path(u"trips.db"_s)));
     DialogRobot robot;
     const QString reason = u"unable to open database file"_s;
-    for (int page = 0; page < 3; ++page) // Trips, Edit Settlement, View Payweek
+    robot.expectContaining(DialogRobot::Warning, u"Import History"_s, reason);
+    for (int page = 0; page < 4; ++page) // Trips, Edit Settlement, View Payweek, Totals
         robot.expectContaining(DialogRobot::Critical, u"Database Error"_s, reason);
     const BrindlepathApp window;
     QCOMPARE(startValue(window, "startDatabaseValue"), u"trips.db"_s);
     QCOMPARE(startValue(window, "startTripsValue"), u"Not available"_s);
-    QCOMPARE(status(window), u"Ready"_s);
+    QCOMPARE(status(window), u"Reports refreshed."_s);
     QVERIFY(QDir(workspace.path(u"trips.db"_s)).isEmpty());
 }
 
@@ -316,8 +346,8 @@ void tst_BrindlepathApp::zeroByteFileGivesTheBoxesOfEachPageOnce()
     const BrindlepathApp window;
     QCOMPARE(startValue(window, "startTripsValue"), u"Not available"_s);
     QCOMPARE(workspace.rows(u"SELECT name FROM sqlite_master WHERE type = 'table' "
-                            "AND name NOT LIKE 'sqlite_%'"_s),
-             QList<QStringList>({{u"trip_detail_items"_s}}));
+                            "AND name NOT LIKE 'sqlite_%' ORDER BY name"_s),
+             QList<QStringList>({{u"settlement_import_log"_s}, {u"trip_detail_items"_s}}));
 }
 
 void tst_BrindlepathApp::choosingAPageWritesTitleAndStatus()
@@ -342,6 +372,9 @@ void tst_BrindlepathApp::pageChosenShowsItselfAndItsName_data()
     QTest::newRow("locations") << u"Locations"_s << 2;
     QTest::newRow("edit settlement") << u"Edit Settlement"_s << 3;
     QTest::newRow("view payweek") << u"View Payweek"_s << 4;
+    QTest::newRow("totals, whatever their heading") << u"Totals"_s << 5;
+    QTest::newRow("reports") << u"Reports"_s << 6;
+    QTest::newRow("settings") << u"Settings"_s << 8;
 }
 
 void tst_BrindlepathApp::pageChosenShowsItselfAndItsName()
@@ -356,6 +389,61 @@ void tst_BrindlepathApp::pageChosenShowsItselfAndItsName()
     QCOMPARE(window.windowTitle(), "Brindlepath Desk - "_L1 + page);
     QCOMPARE(status(window), "Current Page: "_L1 + page);
     QCOMPARE(robot.seen().size(), 0);
+}
+
+void tst_BrindlepathApp::historyIsReadAfreshWhenItIsShown()
+{
+    Workspace workspace;
+    workspace.makeTrips();
+    BrindlepathApp window;
+    Person::shows(window);
+    QCOMPARE(named<QTableWidget>(window, "importHistoryGrid")->rowCount(), 0);
+    workspace.execute(u"INSERT INTO settlement_import_log (import_mode) VALUES ('Export')"_s);
+    goTo(window, u"Database Activity History"_s);
+    QCOMPARE(named<QTableWidget>(window, "importHistoryGrid")->rowCount(), 1);
+    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - Database Activity History"_s);
+    QCOMPARE(status(window), u"Current Page: Database Activity History"_s);
+}
+
+void tst_BrindlepathApp::historyThatCannotBeReadStillBecomesThePage()
+{
+    const Workspace workspace;
+    DialogRobot robot;
+    BrindlepathApp window;
+    Person::shows(window);
+    robot.expect(DialogRobot::Warning, u"Import History"_s,
+                 u"trips.db was not found near the application."_s);
+    goTo(window, u"Database Activity History"_s);
+    QCOMPARE(named<QStackedWidget>(window, "pageStack")->currentIndex(), 7);
+    QCOMPARE(status(window), u"Current Page: Database Activity History"_s);
+}
+
+void tst_BrindlepathApp::importRefreshesTheHistory()
+{
+    Workspace workspace;
+    workspace.makeTrips();
+    const BrindlepathApp window;
+    workspace.execute(u"INSERT INTO settlement_import_log (import_mode) VALUES ('Export')"_s);
+    auto *import = window.findChild<ImportPdfPage *>();
+    Q_EMIT import->importAppliedSuccessfully();
+    QCOMPARE(named<QTableWidget>(window, "importHistoryGrid")->rowCount(), 1);
+    QCOMPARE(status(window), u"Loaded 1 database activity rows."_s);
+}
+
+void tst_BrindlepathApp::importPageIsNeverShown()
+{
+    Workspace workspace;
+    workspace.makeTrips();
+    BrindlepathApp window;
+    Person::shows(window);
+    const auto *import = window.findChild<ImportPdfPage *>();
+    auto *navigation = named<QListWidget>(window, "navigationList");
+    QCOMPARE(import->parentWidget(), window.centralWidget());
+    QCOMPARE(named<QStackedWidget>(window, "pageStack")->indexOf(import), -1);
+    for (int row = 0; row < navigation->count(); ++row) {
+        goTo(window, navigation->item(row)->text());
+        QVERIFY(!import->isVisible());
+    }
 }
 
 void tst_BrindlepathApp::whatPagesReportStandsInTheStatusLine()
@@ -611,6 +699,31 @@ void tst_BrindlepathApp::scaleIsClampedAndReachesTheWholeWindow()
     QCOMPARE(QApplication::font().pointSize(), 8);
     QCOMPARE(named<QPushButton>(window, "newTripButton")->minimumHeight(), 28);
     QCOMPARE(named<QTableWidget>(window, "stopsGrid")->columnWidth(3), 165); // as at 75
+}
+
+void tst_BrindlepathApp::scaleAppliedInSettingsSizesTheWindow()
+{
+    const Workspace workspace;
+    BrindlepathApp window;
+    Person::shows(window);
+    goTo(window, u"Settings"_s);
+    Person::chooses(window.findChild<SettingsPage *>()->findChild<QComboBox *>(), u"150%"_s);
+    QCOMPARE(QApplication::font().pointSize(), 10);
+    Person::clicks(window, u"Apply"_s);
+    QCOMPARE(QApplication::font().pointSize(), 15);
+    QCOMPARE(named<QPushButton>(window, "newTripButton")->minimumHeight(), 48);
+    QCOMPARE(named<QPushButton>(window, "refreshTotalsButton")->minimumHeight(), 48);
+    QCOMPARE(status(window), u"UI scale set to 150%"_s);
+}
+
+void tst_BrindlepathApp::scaleIsToldAsItWasChosen()
+{
+    const Workspace workspace;
+    const BrindlepathApp window;
+    auto *settings = window.findChild<SettingsPage *>();
+    Q_EMIT settings->uiScaleChanged(500);
+    QCOMPARE(status(window), u"UI scale set to 500%"_s);
+    QCOMPARE(QApplication::font().pointSize(), 17);
 }
 
 void tst_BrindlepathApp::savedScaleOutsideTheRangeIsClamped()
