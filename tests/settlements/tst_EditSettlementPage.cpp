@@ -1,4 +1,4 @@
-#include "settlements/FailingStatement.h"
+#include "support/FailingStatement.h"
 #include "settlements/SettlementWindow.h"
 #include "support/DialogRobot.h"
 #include "support/TableReaders.h"

@@ -1,5 +1,5 @@
 #include "data/DatabaseLocator.h"
-#include "settlements/ReadingOrder.h"
+#include "support/ReadingOrder.h"
 #include "settlements/SettlementWindow.h"
 #include "support/DialogRobot.h"
 #include "support/TableReaders.h"

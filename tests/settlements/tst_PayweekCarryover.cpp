@@ -1,5 +1,5 @@
 #include "settlements/CarryoverRules.h"
-#include "settlements/FailingStatement.h"
+#include "support/FailingStatement.h"
 #include "settlements/PayweekFile.h"
 
 using namespace Qt::StringLiterals;

@@ -1,4 +1,4 @@
-#include "settlements/FailingStatement.h"
+#include "support/FailingStatement.h"
 #include "settlements/PayweekRows.h"
 #include "settlements/PayweekWindow.h"
 #include "support/DialogRobot.h"

@@ -1,7 +1,7 @@
 #include "data/DatabaseLocator.h"
 #include "settlements/PayweekRows.h"
 #include "settlements/PayweekWindow.h"
-#include "settlements/ReadingOrder.h"
+#include "support/ReadingOrder.h"
 #include "support/DialogRobot.h"
 #include "support/TableReaders.h"
 
