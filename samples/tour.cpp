@@ -8,6 +8,7 @@
 #include "trips/TripColumns.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDate>
 #include <QDir>
 #include <QFileInfo>
@@ -21,6 +22,9 @@
 #include <QTest>
 #include <QTextEdit>
 #include <QTextStream>
+#include <QTimer>
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -48,6 +52,11 @@ public:
         showTripOfPayweek();
         showScan(u"*[0-9].pdf"_s, u"6-scanned-text"_s);
         showScan(u"*-scanned.pdf"_s, u"7-scanned-page"_s);
+        showLocations();
+        showSettlement();
+        showTotals();
+        showReports();
+        showSettingsAndHistory();
         return complete;
     }
 
@@ -167,6 +176,83 @@ private:
         clickCell(find<QTableWidget>(u"tripList"_s), row, u"Payweek"_s);
         picture(pictureName + "-payweek.png"_L1);
         QTextStream(stdout) << find<QTextEdit>(u"payweekSummary"_s)->toPlainText() << Qt::endl;
+    }
+
+    void showLocations()
+    {
+        goTo(u"Locations"_s);
+        auto *locations = find<QTableWidget>(u"locationTable"_s);
+        require(locations->rowCount() > 0, u"There are no locations."_s);
+        clickCell(locations, 0, u"Code"_s);
+        picture(u"8-locations.png"_s);
+    }
+
+    void showSettlement()
+    {
+        goTo(u"Edit Settlement"_s);
+        auto *items = find<QTableWidget>(u"settlementItems"_s);
+        require(items->rowCount() > 0, u"The newest settlement has no items."_s);
+        clickCell(items, 0, u"Name"_s);
+        picture(u"9-edit-settlement.png"_s);
+    }
+
+    void showTotals()
+    {
+        goTo(u"Totals"_s);
+        auto *totals = find<QTableWidget>(u"coreTotals"_s);
+        require(totals->rowCount() > 0, u"There are no totals."_s);
+        picture(u"10-totals.png"_s);
+        dialogPicture(u"11-weekly-breakdown.png"_s, [=] { clickCell(totals, 4, u"Value"_s); });
+        dialogPicture(u"12-fuel-breakdown.png"_s, [this] {
+            auto *button = find<QPushButton>(u"fuelBreakdownButton"_s);
+            find<QWidget>(u"payTotalsPage"_s)
+                ->findChild<QScrollArea *>()
+                ->ensureWidgetVisible(button);
+            QTest::mouseClick(button, Qt::LeftButton);
+        });
+    }
+
+    void showReports()
+    {
+        goTo(u"Reports"_s);
+        auto *reports = find<QComboBox>(u"reportKind"_s);
+        require(find<QTableWidget>(u"reportTable"_s)->columnCount() > 1,
+                u"The report has no columns."_s);
+        // A chart is as large as its view was when it was drawn.
+        QTest::mouseClick(find<QPushButton>(u"refreshReportButton"_s), Qt::LeftButton);
+        picture(u"13-report-as-lines.png"_s);
+        reports->setCurrentText(u"Revenue vs Cost vs Net"_s);
+        picture(u"14-report-as-bars.png"_s);
+    }
+
+    void showSettingsAndHistory()
+    {
+        goTo(u"Settings"_s);
+        picture(u"15-settings.png"_s);
+        DialogAnswers answers([this](const QString &failure) { require(false, failure); });
+        answers.choose(QDir::current().filePath(u"trips_backup.db"_s));
+        answers.press(u"Trips Database Exported"_s, u"OK"_s);
+        answers.during([this] {
+            QTest::mouseClick(find<QPushButton>(u"exportTripsButton"_s), Qt::LeftButton);
+        });
+        goTo(u"Database Activity History"_s);
+        require(find<QTableWidget>(u"importHistoryGrid"_s)->rowCount() == 1,
+                u"The history does not tell of the export."_s);
+        picture(u"16-history.png"_s);
+    }
+
+    /// A picture of the dialog that `action` opens, which is closed then.
+    void dialogPicture(const QString &name, const std::function<void()> &action)
+    {
+        bool shown = false;
+        QTimer::singleShot(200, &window, [&, this] {
+            if (QWidget *dialog = QApplication::activeModalWidget()) {
+                shown = dialog->grab().save(QDir(folder).filePath(name));
+                dialog->close();
+            }
+        });
+        action();
+        require(shown, u"No dialog came for "_s + name);
     }
 
     int rowOfPayweek(const QDate &date)
