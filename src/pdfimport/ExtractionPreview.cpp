@@ -36,6 +36,8 @@ void ExtractionPreview::buildLayout()
     pageTable->setColumnCount(PageColumnCount);
     pageTable->setHorizontalHeaderLabels({tr("Page"), tr("Text Preview")});
     pageTable->horizontalHeader()->setStretchLastSection(true);
+    // A page is far wider than the table: its header's middle would be out of sight.
+    pageTable->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     textBox = buildBox(u"importText"_s, leastTextHeight);
     logBox = buildBox(u"importLog"_s, leastLogHeight);
 

@@ -37,6 +37,7 @@ ReviewGrid::ReviewGrid(QWidget *parent)
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
     horizontalHeader()->setStretchLastSection(true);
+    verticalHeader()->hide();
     setTabKeyNavigation(false);
     setMinimumHeight(leastHeight);
 }
