@@ -207,13 +207,13 @@ void LocationsPage::saveLocation()
 {
     if (!requireOpenDatabase())
         return;
-    if (!selectedCode.isEmpty() && !editing) {
+    if (!selectedCode.isEmpty() && mode != Mode::Editing) {
         QMessageBox::information(this, tr("Save Location"),
                                  tr("Click Edit Location before changing and saving an existing "
                                     "location."));
         return;
     }
-    if (selectedCode.isEmpty() && !creatingNew)
+    if (selectedCode.isEmpty())
         setMode(Mode::CreatingNew);
     const QString code = form->code();
     if (code.isEmpty()) {
@@ -278,13 +278,12 @@ void LocationsPage::deleteLocation()
     refresh();
 }
 
-void LocationsPage::setMode(Mode mode)
+void LocationsPage::setMode(Mode newMode)
 {
-    editing = mode == Mode::Editing;
-    creatingNew = mode == Mode::CreatingNew;
+    mode = newMode;
     form->setReadOnly(mode == Mode::Viewing);
-    editButton->setEnabled(!selectedCode.isEmpty() && !editing);
-    saveButton->setEnabled(editing || creatingNew);
+    editButton->setEnabled(!selectedCode.isEmpty() && mode != Mode::Editing);
+    saveButton->setEnabled(mode != Mode::Viewing);
 }
 
 bool LocationsPage::requireOpenDatabase()

@@ -48,15 +48,14 @@ private:
 
     /// The three states of the page: a location is looked at, changed, or entered.
     enum class Mode { Viewing, Editing, CreatingNew };
-    void setMode(Mode mode);
+    void setMode(Mode newMode);
 
     bool requireOpenDatabase();
     void report(const QString &text) const;
 
     QSqlDatabase database;
     QString selectedCode;
-    bool editing = false;
-    bool creatingNew = false;
+    Mode mode = Mode::Viewing;
     DataTable *table = nullptr;
     LocationForm *form = nullptr;
     QPushButton *editButton = nullptr;

@@ -202,10 +202,7 @@ void EditSettlementPage::reloadApr()
 void EditSettlementPage::reloadItems()
 {
     const int selectedId = form->selectedItemId();
-    {
-        const QSignalBlocker blocker(table);
-        PayweekTables::showItems(table, {});
-    }
+    showRows({});
     const QString payweek = currentPayweek();
     if (!database.isOpen() || payweek.isEmpty()) {
         showNoItems(database.isOpen() ? tr("Summary: no payweek selected.")
@@ -234,12 +231,17 @@ void EditSettlementPage::showNoItems(const QString &summaryText)
     startNewItem();
 }
 
-void EditSettlementPage::showItems(const QString &payweek, const QList<QStringList> &rows,
-                                   double revenue, double expense)
+void EditSettlementPage::showRows(const QList<QStringList> &rows)
 {
     const QSignalBlocker blocker(table);
     PayweekTables::showItems(table, rows);
     table->horizontalHeader()->setStretchLastSection(false); // amounts stand beside their names
+}
+
+void EditSettlementPage::showItems(const QString &payweek, const QList<QStringList> &rows,
+                                   double revenue, double expense)
+{
+    showRows(rows);
     summary->setText(tr("Summary for %1: Revenue $%2 | Expenses $%3 | Net $%4 | Rows %5")
                          .arg(payweek, number2Text(revenue), number2Text(expense),
                               number2Text(revenue - expense), QString::number(rows.size())));
@@ -320,6 +322,8 @@ void EditSettlementPage::saveItem()
     report(
         (id < 1 ? tr("Added settlement item: %1") : tr("Updated settlement item: %1")).arg(name));
     reloadNames();
+    if (id >= 1)
+        form->setSelectedItemId(id);
     reloadItems();
     if (id < 1)
         startNewItem();

@@ -43,6 +43,7 @@ private:
     void reloadApr();
     void reloadItems();
     void showNoItems(const QString &summaryText);
+    void showRows(const QList<QStringList> &rows);
     void showItems(const QString &payweek, const QList<QStringList> &rows, double revenue,
                    double expense);
     void selectItem(int id);
