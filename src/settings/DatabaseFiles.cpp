@@ -33,7 +33,8 @@ bool isSameFile(const QFileInfo &source, const QFileInfo &target)
         return one.compare(other, Qt::CaseInsensitive) == 0;
     };
     return isSame(source.absoluteFilePath(), target.absoluteFilePath())
-           || isSame(pathWithoutLinkedFolders(source), pathWithoutLinkedFolders(target));
+           || isSame(pathWithoutLinkedFolders(source), pathWithoutLinkedFolders(target))
+           || isSame(source.canonicalFilePath(), pathWithoutLinkedFolders(target));
 }
 
 bool makeFolderOf(const QString &targetPath, QString &errorOut)

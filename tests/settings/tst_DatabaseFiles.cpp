@@ -68,6 +68,7 @@ private Q_SLOTS:
     void copyTakesThePlaceOfAnotherFile();
     void copyGoesToAFolderThatDoesNotExist();
     void copyTakesThePlaceOfALinkAndLeavesItsFile();
+    void fileBehindALinkIsNeitherCopiedOntoNorReplacedByTheLink();
     void withoutASourceNothingIsCopied_data() { addSources(); }
     void withoutASourceNothingIsCopied();
     void sameFileIsNotCopied_data() { addNamesOfTheSameFile(); }
@@ -138,6 +139,21 @@ void tst_DatabaseFiles::copyTakesThePlaceOfALinkAndLeavesItsFile()
     QCOMPARE(workspace.bytes(u"trips.db"_s), oldData);
     QCOMPARE(workspace.bytes(u"backup.db"_s), oldData);
     QVERIFY(!QFileInfo(u"backup.db"_s).isSymLink());
+}
+
+void tst_DatabaseFiles::fileBehindALinkIsNeitherCopiedOntoNorReplacedByTheLink()
+{
+    const Workspace workspace;
+    const QString file = workspace.makeFile(u"elsewhere/trips.db"_s, oldData);
+    QVERIFY(QFile::link(file, u"trips.db"_s));
+    const QString link = workspace.path(u"trips.db"_s);
+    QString error;
+    QVERIFY(!copyDatabaseFile(link, file, error));
+    QCOMPARE(error, "Source and target file are the same:\n"_L1 + link);
+    QVERIFY(!replaceDatabaseFile(link, file, error));
+    QCOMPARE(error, "Source and target database are the same file:\n"_L1 + link);
+    QCOMPARE(workspace.bytes(u"elsewhere/trips.db"_s), oldData);
+    QCOMPARE(QDir(u"elsewhere"_s).entryList(QDir::Files), QStringList({u"trips.db"_s}));
 }
 
 void tst_DatabaseFiles::withoutASourceNothingIsCopied()

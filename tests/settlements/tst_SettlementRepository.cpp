@@ -289,6 +289,30 @@ private Q_SLOTS:
                  QList<QStringList>({{u" 04/18/2026 "_s, u"5.5"_s}}));
     }
 
+    void everyRowOfAPayweekTakesTheRate()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        apr(u" 04/18/2026 "_s, 4.25).insert(workspace);
+        apr(u"04/18/2026 "_s, 3.0).insert(workspace);
+        QString error;
+        QVERIFY(saveSettlementApr(file.database(), week, 5.5, error));
+        QCOMPARE(workspace.rows(u"SELECT apr FROM settlement_meta"_s),
+                 QList<QStringList>({{u"5.5"_s}, {u"5.5"_s}}));
+    }
+
+    void rateThatCannotBeAddedIsTold()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        workspace.execute(u"CREATE TRIGGER no_rate BEFORE INSERT ON settlement_meta "
+                          "BEGIN SELECT RAISE(ABORT, 'no room'); END"_s);
+        QString error;
+        QVERIFY(!saveSettlementApr(file.database(), week, 5.5, error));
+        QVERIFY2(error.contains("no room"_L1), qPrintable(error));
+        QCOMPARE(workspace.value(u"SELECT COUNT(*) FROM settlement_meta"_s), 0);
+    }
+
     void rateThatWasNeverFilledInIsZero()
     {
         Workspace workspace;
