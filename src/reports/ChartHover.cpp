@@ -31,6 +31,7 @@ double squaredDistance(const QPointF &a, const QPointF &b)
 ChartHover::ChartHover(QGraphicsView *chartView)
     : QObject(chartView)
     , view(chartView)
+    , hoverTimer(this)
 {
     hoverTimer.setInterval(repeatInterval);
     connect(&hoverTimer, &QTimer::timeout, this, &ChartHover::showTip);

@@ -10,9 +10,9 @@
 #include "reports/PayTotalsText.h"
 #include "reports/TotalsSection.h"
 #include "reports/TotalsTable.h"
+#include "reports/WeeklyMetrics.h"
 
 #include <QComboBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QMessageBox>
 #include <QSignalBlocker>
@@ -24,8 +24,8 @@ namespace {
 const QString connectionName = u"pay_totals_trips_connection"_s;
 constexpr int pointSizeAt100 = 10;
 
-// As many rows as show a table's shape; the page scrolls, and so do the tables.
-constexpr int leastCoreRows = 10;
+// The page scrolls, so tables of a known length stand in it as a whole.
+constexpr int coreRows = 19;
 constexpr int leastNonTripRows = 6;
 constexpr int fuelRows = 4;
 
@@ -103,7 +103,7 @@ QWidget *PayTotalsPage::buildCoreSection()
         tr("Core Totals"),
         tr("Open trips.db to calculate Pay Totals.\n\nPhase 25 adds repository-backed fuel "
            "analytics and breakdown popups."),
-        coreTable, leastCoreRows, this);
+        coreTable, coreRows, this);
     return coreSection;
 }
 
@@ -117,9 +117,10 @@ QWidget *PayTotalsPage::buildNonTripSection()
                                        tr("Non-trip settlement totals will appear after opening "
                                           "trips.db and selecting a scope."),
                                        nonTripTable, leastNonTripRows, this);
-    PageParts::addButton(nonTripSection->actions(), tr("Open Non-Trip Settlement Breakdown"),
-                         u"nonTripBreakdownButton"_s, this,
-                         &PayTotalsPage::openAllNonTripBreakdown);
+    setTabOrder(PageParts::addButton(
+                    nonTripSection->actions(), tr("Open Non-Trip Settlement Breakdown"),
+                    u"nonTripBreakdownButton"_s, this, &PayTotalsPage::openAllNonTripBreakdown),
+                nonTripTable);
     nonTripSection->actions()->addStretch();
     return nonTripSection;
 }
@@ -145,6 +146,7 @@ QWidget *PayTotalsPage::buildFuelSection()
         button->setObjectName(names.last());
         connect(button, &QPushButton::clicked, this, [this, type] { openFuelBreakdown(type); });
         fuelSection->actions()->addWidget(button);
+        setTabOrder(button, fuelTable);
     }
     fuelSection->actions()->addStretch();
     return fuelSection;
@@ -320,7 +322,7 @@ void PayTotalsPage::openWeeklyBreakdown(const QString &label, const QString &key
     }
     auto *dialog = new BreakdownDialog(
         label + u" — Weekly Breakdown — "_s + year, series,
-        PayTotalsRepository::formatWeeklyMetricText(tripsDatabase, year, key), this);
+        WeeklyMetrics::text(PayTotalsRepository::weeklyMetricLabel(key), year, series), this);
     dialog->exec();
 }
 

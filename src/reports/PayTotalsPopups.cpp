@@ -20,14 +20,29 @@ namespace PayTotalsPopups {
 
 namespace {
 
+// One row below the header. Any more, and the dialog could not be as small as at 75 percent.
+constexpr int leastTableHeight = 48;
+
+enum PurchaseColumn { PayweekColumn, TripColumn, TypeColumn, CostColumn };
+enum ItemColumn { DateColumn, CategoryColumn, KindColumn, NameColumn, AmountColumn };
+
 QString tr(const char *text)
 {
     return QCoreApplication::translate("PayTotalsPopups", text);
 }
 
+/// Fills the table and gives it the looks of those on the page.
+void fillTable(TotalsTable *table, const QList<QStringList> &rows)
+{
+    UiScale::applyTableScale(table, table->font(), UiScale::savedUiScalePercent());
+    table->setMinimumHeight(leastTableHeight);
+    table->showRows(rows);
+}
+
 void addCloseButton(QDialog *dialog, QBoxLayout *layout)
 {
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, dialog);
+    buttons->setObjectName(u"buttons"_s);
     QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
     layout->addWidget(buttons);
 }
@@ -103,8 +118,8 @@ QDialog *makeFuelDialog(const FuelTotals &totals, const QString &type, QWidget *
         new TotalsTable(u"fuelBreakdownTable"_s, tr("Fuel purchases"),
                         {tr("Payweek"), tr("Trip #"), tr("Type"), tr("Cost"), tr("Discount"),
                          tr("Net Cost"), tr("Gallons"), tr("Avg Net $/Gal")},
-                        3, dialog);
-    table->showRows(rows);
+                        CostColumn, dialog);
+    fillTable(table, rows);
     auto *layout = new QVBoxLayout(dialog);
     layout->addWidget(table);
     addCloseButton(dialog, layout);
@@ -123,11 +138,11 @@ QDialog *makeItemsDialog(const NonTripTotals &totals, const ItemFilter *filter, 
     auto *table = new TotalsTable(
         u"itemBreakdownTable"_s, tr("Settlement items"),
         {tr("Date"), tr("Category"), tr("Kind"), tr("Item Name"), tr("Amount"), tr("Net Impact")},
-        4, dialog);
+        AmountColumn, dialog);
     QList<QStringList> rows;
     for (const NonTripRow &item : items)
         rows.append(PayTotalsText::itemRow(item));
-    table->showRows(rows);
+    fillTable(table, rows);
     auto *layout = new QVBoxLayout(dialog);
     layout->addWidget(new QLabel(totalsLine(items), dialog));
     layout->addWidget(makeBoldLabel(tr("Net impact by settlement date"), dialog));

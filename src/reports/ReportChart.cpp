@@ -7,7 +7,9 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 using namespace ReportChartGeometry;
@@ -17,6 +19,13 @@ namespace {
 constexpr int gridLines = 6;
 constexpr double pointRadius = 4.0;
 constexpr int smallestPointSize = 8;
+constexpr int smallestFittedSize = 5;
+constexpr double axisValueWidth = 74.0;
+// A turned label that is longer reaches into the plot.
+constexpr double longestAxisLabel = 48.0;
+constexpr double swatchWidth = 12.0;
+constexpr double gapBesideSwatch = 16.0;
+constexpr double leastGap = 8.0;
 
 QColor seriesColor(qsizetype index)
 {
@@ -46,6 +55,8 @@ public:
 private:
     void drawTitle();
     void drawGrid();
+    void drawAxisValues();
+    [[nodiscard]] double gridHeight(int line) const;
     void drawZeroAndFrame();
     void drawSeries();
     void drawLine(const QString &name, const QList<double> &values, qsizetype count);
@@ -53,7 +64,7 @@ private:
                   qsizetype count);
     void drawAxisLabels();
     void drawLegend();
-    void drawFitted(const QRectF &box, Qt::Alignment alignment, const QString &text);
+    void shrinkFont(const QStringList &texts, double room);
     void addHitRegion(const QRectF &rect, const QString &name, qsizetype payweek);
 
     QPainter &painter;
@@ -74,6 +85,7 @@ QList<ChartHitRegion> ChartPainter::paint()
         return {};
     }
     drawGrid();
+    drawAxisValues();
     drawZeroAndFrame();
     drawSeries();
     drawAxisLabels();
@@ -97,15 +109,30 @@ void ChartPainter::drawTitle()
 void ChartPainter::drawGrid()
 {
     painter.fillRect(plot, QColor(250, 250, 250));
-    for (int i = 0; i < gridLines; ++i) {
-        const double part = static_cast<double>(i) / (gridLines - 1);
-        const double y = plot.top() + plot.height() * part;
-        painter.setPen(QPen(QColor(220, 220, 220), 1));
-        painter.drawLine(QPointF(plot.left(), y), QPointF(plot.right(), y));
-        painter.setPen(Qt::black);
-        drawFitted(QRectF(4, y - 9, 74, 18), Qt::AlignRight | Qt::AlignVCenter,
-                   ReportText::valueText(report, range.top - part * (range.top - range.bottom)));
-    }
+    painter.setPen(QPen(QColor(220, 220, 220), 1));
+    for (int i = 0; i < gridLines; ++i)
+        painter.drawLine(QPointF(plot.left(), gridHeight(i)), QPointF(plot.right(), gridHeight(i)));
+}
+
+void ChartPainter::drawAxisValues()
+{
+    QStringList texts;
+    for (int i = 0; i < gridLines; ++i)
+        texts.append(ReportText::valueText(
+            report, std::lerp(range.top, range.bottom, static_cast<double>(i) / (gridLines - 1))));
+    painter.save();
+    painter.setPen(Qt::black);
+    shrinkFont(texts, axisValueWidth);
+    for (int i = 0; i < gridLines; ++i)
+        painter.drawText(QRectF(4, gridHeight(i) - 9, axisValueWidth, 18),
+                         static_cast<int>(Qt::AlignRight | Qt::AlignVCenter) | Qt::TextDontClip,
+                         texts.at(i));
+    painter.restore();
+}
+
+double ChartPainter::gridHeight(int line) const
+{
+    return plot.top() + plot.height() * line / (gridLines - 1);
 }
 
 void ChartPainter::drawZeroAndFrame()
@@ -139,8 +166,13 @@ void ChartPainter::drawLine(const QString &name, const QList<double> &values, qs
     for (qsizetype i = 0; i < count; ++i)
         points.append(
             {lineX(i, report.payweeks.size(), plot), heightOf(values.at(i), range, plot)});
+    // Each stretch starts anew under the dot that ends the last one: as one long outline, a zigzag
+    // of 53 weeks takes Qt two hundred times as long.
     QPainterPath path;
-    path.addPolygon(QPolygonF(points));
+    for (qsizetype i = 1; i < count; ++i) {
+        path.moveTo(points.at(i - 1));
+        path.lineTo(points.at(i));
+    }
     painter.setBrush(Qt::NoBrush);
     painter.drawPath(path);
     painter.setBrush(Qt::white);
@@ -169,42 +201,53 @@ void ChartPainter::addHitRegion(const QRectF &rect, const QString &name, qsizety
 
 void ChartPainter::drawAxisLabels()
 {
-    painter.setPen(Qt::black);
     const qsizetype payweeks = report.payweeks.size();
-    for (const qsizetype i : labelledPayweeks(payweeks, plot.width())) {
-        const double x = bars ? slotCentre(i, payweeks, plot) : lineX(i, payweeks, plot);
+    const QList<qsizetype> labelled = labelledPayweeks(payweeks, plot.width());
+    QStringList labels;
+    for (const qsizetype i : labelled)
+        labels.append(ReportText::axisLabel(report.payweeks.at(i)));
+    painter.save();
+    painter.setPen(Qt::black);
+    shrinkFont(labels, longestAxisLabel);
+    for (qsizetype i = 0; i < labels.size(); ++i) {
+        const qsizetype payweek = labelled.at(i);
+        const double x =
+            bars ? slotCentre(payweek, payweeks, plot) : lineX(payweek, payweeks, plot);
         painter.save();
         painter.translate(x - 10, plot.bottom() + 46);
         painter.rotate(-45);
-        painter.drawText(QPointF(), ReportText::axisLabel(report.payweeks.at(i)));
+        painter.drawText(QPointF(), labels.at(i));
         painter.restore();
     }
+    painter.restore();
 }
 
 void ChartPainter::drawLegend()
 {
-    const double distance = legendDistance(canvas.width(), report.series.size());
-    qsizetype index = 0;
-    for (const QString &name : report.series.keys()) {
+    const QStringList names = report.series.keys();
+    const double distance = legendDistance(canvas.width(), names.size());
+    const double nameOffset = swatchWidth + gapBesideSwatch;
+    painter.setPen(Qt::black);
+    shrinkFont(names, distance - nameOffset - leastGap);
+    for (qsizetype index = 0; index < names.size(); ++index) {
         const double x = plot.left() + static_cast<double>(index) * distance;
-        painter.fillRect(QRectF(x, canvas.height() - 52, 12, 8), seriesColor(index));
-        painter.setPen(Qt::black);
-        painter.drawText(QPointF(x + 12 + 16, canvas.height() - 42), name);
-        ++index;
+        painter.fillRect(QRectF(x, canvas.height() - 52, swatchWidth, 8), seriesColor(index));
+        painter.drawText(QPointF(x + nameOffset, canvas.height() - 42), names.at(index));
     }
 }
 
-// The room beside the axis is fixed, but large amounts at a large scale need more of it.
-void ChartPainter::drawFitted(const QRectF &box, Qt::Alignment alignment, const QString &text)
+// The room for these texts is fixed in pixels, but at a large scale they outgrow it. All of a kind
+// keep one size.
+void ChartPainter::shrinkFont(const QStringList &texts, double room)
 {
-    const QFont usual = painter.font();
-    QFont fitted = usual;
-    while (fitted.pointSize() > smallestPointSize
-           && QFontMetricsF(fitted).horizontalAdvance(text) > box.width())
-        fitted.setPointSize(fitted.pointSize() - 1);
-    painter.setFont(fitted);
-    painter.drawText(box, static_cast<int>(alignment) | Qt::TextDontClip, text);
-    painter.setFont(usual);
+    QFont font = painter.font();
+    const auto fits = [&font, room](const QString &text) {
+        return QFontMetricsF(font).horizontalAdvance(text) <= room;
+    };
+    while (font.pointSize() > smallestFittedSize
+           && !std::all_of(texts.cbegin(), texts.cend(), fits))
+        font.setPointSize(font.pointSize() - 1);
+    painter.setFont(font);
 }
 
 } // namespace

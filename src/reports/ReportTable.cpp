@@ -39,17 +39,9 @@ QStringList averageTexts(const ReportSeriesData &report, bool weighted)
 } // namespace
 
 ReportTable::ReportTable(QWidget *parent)
-    : QTableWidget(parent)
+    : DataTable(u"reportTable"_s, tr("Details"), leastHeight, parent)
 {
-    setObjectName(u"reportTable"_s);
-    setAccessibleName(tr("Details"));
-    setMinimumHeight(leastHeight);
-    setEditTriggers(NoEditTriggers);
-    setSelectionBehavior(SelectRows);
-    setSelectionMode(SingleSelection);
     setAlternatingRowColors(true);
-    setTabKeyNavigation(false);
-    verticalHeader()->hide();
     horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
     horizontalHeader()->setStretchLastSection(false);
     horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);

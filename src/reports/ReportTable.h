@@ -1,11 +1,10 @@
 #pragma once
 
+#include "app/DataTable.h"
 #include "reports/ReportSeriesData.h"
 
-#include <QTableWidget>
-
 /// A report in figures: a row for each payweek, and their average below.
-class ReportTable : public QTableWidget
+class ReportTable : public DataTable
 {
     Q_OBJECT
 

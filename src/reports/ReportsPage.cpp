@@ -96,6 +96,8 @@ QWidget *ReportsPage::buildChart()
     chartView->setObjectName(u"reportChart"_s);
     chartView->setAccessibleName(tr("Chart"));
     chartView->setMinimumHeight(leastChartHeight);
+    // At its least height the view holds the least canvas whole; a frame would make it scroll.
+    chartView->setFrameShape(QFrame::NoFrame);
     chartView->setRenderHint(QPainter::Antialiasing);
     hover = new ChartHover(chartView);
     auto *layout = new QVBoxLayout(group);
@@ -114,7 +116,7 @@ QWidget *ReportsPage::buildDetails()
 
 void ReportsPage::autoOpen()
 {
-    refresh();
+    reloadYears(); // and with them the report, once: drawing it a second time would slow the start
     report(tr("Reports refreshed."));
 }
 

@@ -91,22 +91,25 @@ Report reportOf(const QString &key)
             .valuesAreDollars = true};
 }
 
-// A file may hold a number that no double holds, and SQLite then sums to infinity.
-double finite(double value)
+// Far beyond any amount. A damaged file may hold more, and a chart could not tell the distance
+// between two such values.
+constexpr double largestAmount = 1e300;
+
+double usable(double value)
 {
-    return std::isfinite(value) ? value : 0.0;
+    return std::abs(value) <= largestAmount ? value : 0.0;
 }
 
 PayweekSums sumsOf(const SqlStatement &row)
 {
     PayweekSums sums{.payweek = row.text(0).trimmed(),
-                     .tripRevenue = finite(row.number(1)),
-                     .totalRevenue = finite(row.number(2)),
-                     .totalCost = finite(row.number(3)),
-                     .netRevenue = finite(row.number(4)),
-                     .loadedMiles = finite(row.number(5)),
-                     .emptyMiles = finite(row.number(6)),
-                     .totalMiles = finite(row.number(7))};
+                     .tripRevenue = usable(row.number(1)),
+                     .totalRevenue = usable(row.number(2)),
+                     .totalCost = usable(row.number(3)),
+                     .netRevenue = usable(row.number(4)),
+                     .loadedMiles = usable(row.number(5)),
+                     .emptyMiles = usable(row.number(6)),
+                     .totalMiles = usable(row.number(7))};
     if (sums.totalMiles <= 0.0 && (sums.loadedMiles > 0.0 || sums.emptyMiles > 0.0))
         sums.totalMiles = sums.loadedMiles + sums.emptyMiles;
     return sums;
@@ -139,7 +142,7 @@ void append(const PayweekSums &sums, const Report &report, ReportSeriesData &dat
             data.series[series.name].append(sum);
             continue;
         }
-        data.series[series.name].append(hasMiles ? sum / sums.totalMiles : 0.0);
+        data.series[series.name].append(hasMiles ? usable(sum / sums.totalMiles) : 0.0);
         data.weightedNumerators[series.name] += hasMiles ? sum : 0.0;
         data.weightedDenominators[series.name] += hasMiles ? sums.totalMiles : 0.0;
     }

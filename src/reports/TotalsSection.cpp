@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 TotalsSection::TotalsSection(const QString &title, const QString &firstSummary,
@@ -33,7 +35,8 @@ void TotalsSection::showTotals(const QString &summary, const QList<QStringList> 
 
 void TotalsSection::fitTable()
 {
-    const int header = table->horizontalHeader()->sizeHint().height();
+    const QHeaderView *header = table->horizontalHeader();
+    const int headerHeight = std::max(header->sizeHint().height(), header->minimumHeight());
     const int rowHeight = table->verticalHeader()->defaultSectionSize();
-    table->setMinimumHeight(header + leastVisibleRows * rowHeight + 2 * table->frameWidth());
+    table->setMinimumHeight(headerHeight + leastVisibleRows * rowHeight + 2 * table->frameWidth());
 }

@@ -13,7 +13,9 @@ TotalsTable::TotalsTable(const QString &objectName, const QString &accessibleNam
 {
     setColumnCount(static_cast<int>(labels.size()));
     setHorizontalHeaderLabels(labels);
-    horizontalHeader()->setStretchLastSection(true);
+    for (int column = firstFigureColumn; column < columnCount(); ++column)
+        horizontalHeaderItem(column)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    fitColumns();
 }
 
 void TotalsTable::showRows(const QList<QStringList> &rows)
@@ -29,18 +31,27 @@ void TotalsTable::showRows(const QList<QStringList> &rows)
         }
     }
     UiScale::sortAsChosen(this);
-    resizeColumnsToContents();
-    horizontalHeader()->setStretchLastSection(true);
+    fitColumns();
     setUpdatesEnabled(true);
 }
 
 void TotalsTable::makeSortable()
 {
     UiScale::setSortableHeaders(this, labels);
+    fitColumns();
 }
 
 QString TotalsTable::text(int row, int column) const
 {
     const QTableWidgetItem *cell = item(row, column);
     return cell ? cell->text() : QString();
+}
+
+// Fitting makes the last column narrow too, and the header widens it again only when it is told
+// anew to, or when it happens to be resized.
+void TotalsTable::fitColumns()
+{
+    horizontalHeader()->setStretchLastSection(false);
+    resizeColumnsToContents();
+    horizontalHeader()->setStretchLastSection(true);
 }

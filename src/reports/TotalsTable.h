@@ -15,12 +15,15 @@ public:
     /// Shows the rows, in the order that the person chose by a click on a header.
     void showRows(const QList<QStringList> &rows);
 
-    /// Lets a click on a header sort the rows.
+    /// Lets a click on a header sort the rows, and makes room for the arrows and for the font.
     void makeSortable();
 
+    /// Empty where there is no cell.
     [[nodiscard]] QString text(int row, int column) const;
 
 private:
+    void fitColumns();
+
     QStringList labels;
     int firstFigureColumn;
 };

@@ -1,0 +1,238 @@
+#include "reports/ChartHover.h"
+#include "support/Person.h"
+#include "support/Workspace.h"
+
+#include <QApplication>
+#include <QGraphicsView>
+#include <QMouseEvent>
+#include <QTest>
+#include <QToolTip>
+#include <QWindow>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const ChartHitRegion left = {{100, 100, 28, 28}, u"left"_s};
+const ChartHitRegion right = {{160, 100, 28, 28}, u"right"_s};
+
+/// A view whose pixels are those of its scene, in the corner of a window that has room beside it.
+struct HoveredView
+{
+    HoveredView()
+        : view(new QGraphicsView(&scene, &window))
+        , hover(new ChartHover(view))
+        , timer(hover->findChild<QTimer *>())
+    {
+        view->setFrameShape(QFrame::NoFrame);
+        view->setSceneRect(0, 0, 400, 300);
+        view->resize(400, 300);
+        Person::shows(window);
+        // The mouse may rest where another test left it, and there a move would be none.
+        QTest::mouseMove(window.windowHandle(), {890, 590});
+        hover->setHitRegions({left, right});
+    }
+
+    /// Moves the mouse, no button held, and gives the tooltip that is up then.
+    QString pointsAt(const QPoint &position)
+    {
+        QTest::mouseMove(window.windowHandle(), position);
+        QCoreApplication::processEvents();
+        return QToolTip::isVisible() ? QToolTip::text() : QString();
+    }
+
+    /// What happens each time the timer runs out.
+    void timeRunsOut() const
+    {
+        QTimerEvent event(timer->timerId());
+        QApplication::sendEvent(timer, &event);
+    }
+
+    QWidget window;
+    QGraphicsScene scene;
+    QGraphicsView *view;
+    ChartHover *hover;
+    QTimer *timer;
+};
+
+} // namespace
+
+class tst_ChartHover : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup()
+    {
+        QToolTip::hideText();
+        QTRY_VERIFY(!QToolTip::isVisible());
+    }
+
+    void nearestMiddleWithinReachIsMeant_data()
+    {
+        QTest::addColumn<QPointF>("point");
+        QTest::addColumn<QString>("meant");
+        QTest::newRow("in the middle") << QPointF(114, 114) << u"left"_s;
+        QTest::newRow("at the end of its reach") << QPointF(86, 86) << u"left"_s;
+        QTest::newRow("beyond its reach to the left") << QPointF(85.9, 114) << QString();
+        QTest::newRow("beyond its reach above") << QPointF(114, 85.9) << QString();
+        QTest::newRow("at the lower end of its reach") << QPointF(114, 142) << u"left"_s;
+        QTest::newRow("beyond its reach below") << QPointF(114, 142.1) << QString();
+        QTest::newRow("beyond the reach of both") << QPointF(144, 114) << QString();
+        QTest::newRow("at the reach of the second") << QPointF(146, 114) << u"right"_s;
+        QTest::newRow("between both, nearer to the first") << QPointF(142, 114) << u"left"_s;
+        QTest::newRow("inside of the second") << QPointF(170, 120) << u"right"_s;
+        QTest::newRow("far away") << QPointF(0, 0) << QString();
+    }
+
+    void nearestMiddleWithinReachIsMeant()
+    {
+        QFETCH(const QPointF, point);
+        const QList<ChartHitRegion> regions = {left, right};
+        const ChartHitRegion *region = ChartHover::regionNear(regions, point);
+        QTEST(region ? region->text : QString(), "meant");
+    }
+
+    void tieStaysWithTheEarlierRegion()
+    {
+        const QList<ChartHitRegion> regions = {{{100, 100, 28, 28}, u"earlier"_s},
+                                               {{120, 100, 28, 28}, u"later"_s},
+                                               {{100, 100, 28, 28}, u"last"_s}};
+        QCOMPARE(ChartHover::regionNear(regions, {124, 114})->text, u"earlier"_s);
+        QCOMPARE(ChartHover::regionNear(regions, {124.1, 114})->text, u"later"_s);
+        QCOMPARE(ChartHover::regionNear(regions, {114, 114})->text, u"earlier"_s);
+    }
+
+    void nearerMiddleCountsEvenInsideOfAnotherRegion()
+    {
+        const QList<ChartHitRegion> regions = {{{0, 0, 28, 400}, u"tall"_s},
+                                               {{36, 10, 28, 28}, u"small"_s}};
+        QCOMPARE(ChartHover::regionNear(regions, {24, 24})->text, u"small"_s);
+        QCOMPARE(ChartHover::regionNear(regions, {14, 190})->text, u"tall"_s);
+    }
+
+    void noRegionMeansNone() { QVERIFY(!ChartHover::regionNear({}, {0, 0})); }
+
+    void tipComesUpOverARegionAndTheTimerStarts()
+    {
+        const Workspace workspace;
+        HoveredView hovered;
+        QVERIFY(hovered.view->hasMouseTracking());
+        QVERIFY(hovered.view->viewport()->hasMouseTracking());
+        QCOMPARE(hovered.timer->interval(), 1200);
+        QVERIFY(!hovered.timer->isSingleShot());
+        QCOMPARE(hovered.pointsAt({300, 250}), QString());
+        QVERIFY(!hovered.timer->isActive());
+        QCOMPARE(hovered.pointsAt({114, 114}), u"left"_s);
+        QVERIFY(hovered.timer->isActive());
+    }
+
+    void tipFollowsTheMouseFromRegionToRegion()
+    {
+        const Workspace workspace;
+        HoveredView hovered;
+        QCOMPARE(hovered.pointsAt({114, 114}), u"left"_s);
+        QCOMPARE(hovered.pointsAt({174, 114}), u"right"_s);
+        QCOMPARE(hovered.pointsAt({114, 114}), u"left"_s);
+        QVERIFY(hovered.timer->isActive());
+    }
+
+    void runningTimerIsNotStartedAnew()
+    {
+        const Workspace workspace;
+        HoveredView hovered;
+        QCOMPARE(hovered.pointsAt({114, 114}), u"left"_s);
+        const int id = hovered.timer->timerId();
+        QCOMPARE(hovered.pointsAt({120, 114}), u"left"_s);
+        QCOMPARE(hovered.timer->timerId(), id);
+    }
+
+    void movingWithinTheKeptRectKeepsTheTip()
+    {
+        const Workspace workspace;
+        HoveredView hovered;
+        QCOMPARE(hovered.pointsAt({114, 100}), u"left"_s);
+        hovered.timer->stop();
+        // 84 is beyond the reach, which ends at 86, and within what is kept, which ends at 72.
+        QCOMPARE(hovered.pointsAt({114, 84}), u"left"_s);
+        QVERIFY(hovered.timer->isActive());
+    }
+
+    void tipGoesBeyondTheKeptRect()
+    {
+        const Workspace workspace;
+        HoveredView hovered;
+        QCOMPARE(hovered.pointsAt({114, 100}), u"left"_s);
+        QCOMPARE(hovered.pointsAt({114, 84}), u"left"_s);
+        hovered.pointsAt({114, 71});
+        QVERIFY(!hovered.timer->isActive());
+        QTRY_VERIFY(!QToolTip::isVisible());
+        // And nothing is kept any more where it was.
+        hovered.pointsAt({114, 84});
+        QVERIFY(!hovered.timer->isActive());
+        QVERIFY(!QToolTip::isVisible());
+    }
+
+    void mouseThatLeavesTheViewHidesTheTip()
+    {
+        const Workspace workspace;
+        HoveredView hovered;
+        QCOMPARE(hovered.pointsAt({114, 114}), u"left"_s);
+        hovered.pointsAt({700, 400});
+        QVERIFY(!hovered.timer->isActive());
+        QTRY_VERIFY(!QToolTip::isVisible());
+        QCOMPARE(hovered.pointsAt({114, 114}), u"left"_s);
+    }
+
+    void timerShowsTheTipAgain()
+    {
+        const Workspace workspace;
+        HoveredView hovered;
+        QCOMPARE(hovered.pointsAt({114, 114}), u"left"_s);
+        QToolTip::hideText();
+        QTRY_VERIFY(!QToolTip::isVisible());
+        QVERIFY(hovered.timer->isActive());
+        hovered.timeRunsOut();
+        QVERIFY(QToolTip::isVisible());
+        QCOMPARE(QToolTip::text(), u"left"_s);
+        QVERIFY(hovered.timer->isActive());
+    }
+
+    void newChartForgetsTheTipOfTheOldOne()
+    {
+        const Workspace workspace;
+        HoveredView hovered;
+        QCOMPARE(hovered.pointsAt({114, 114}), u"left"_s);
+        hovered.hover->setHitRegions({right});
+        QVERIFY(!hovered.timer->isActive());
+        QTRY_VERIFY(!QToolTip::isVisible());
+        QCOMPARE(hovered.pointsAt({115, 114}), QString());
+        QCOMPARE(hovered.pointsAt({174, 114}), u"right"_s);
+    }
+
+    void regionsAreThoseOfTheSceneWhereTheViewIsScrolled()
+    {
+        const Workspace workspace;
+        HoveredView hovered;
+        hovered.view->setSceneRect(50, 40, 400, 300);
+        QCOMPARE(hovered.pointsAt({64, 74}), u"left"_s);
+        QCOMPARE(hovered.pointsAt({124, 74}), u"right"_s);
+    }
+
+    void eventsGoOnToTheView()
+    {
+        const Workspace workspace;
+        HoveredView hovered;
+        QWidget *viewport = hovered.view->viewport();
+        QMouseEvent over(QEvent::MouseMove, {114, 114}, {114, 114}, Qt::NoButton, Qt::NoButton,
+                         Qt::NoModifier);
+        QMouseEvent beside(QEvent::MouseMove, {300, 250}, {300, 250}, Qt::NoButton, Qt::NoButton,
+                           Qt::NoModifier);
+        QEvent leave(QEvent::Leave);
+        for (QEvent *event : {static_cast<QEvent *>(&over), static_cast<QEvent *>(&beside), &leave})
+            QVERIFY(!hovered.hover->eventFilter(viewport, event));
+    }
+};
+
+QTEST_MAIN(tst_ChartHover)
+#include "tst_ChartHover.moc"
