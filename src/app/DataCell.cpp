@@ -10,11 +10,14 @@ namespace {
 
 std::optional<double> shownNumber(const QString &raw)
 {
-    QString text = raw.trimmed().remove(u'$').remove(u',');
-    for (const auto unit : {"/gal"_L1, "/mi"_L1, "/hr"_L1, "mi"_L1, "hr"_L1})
-        text.remove(unit, Qt::CaseInsensitive);
     bool ok = false;
-    const double number = text.trimmed().toDouble(&ok);
+    double number = raw.toDouble(&ok);
+    if (!ok) {
+        QString text = raw.trimmed().remove(u'$').remove(u',');
+        for (const auto unit : {"/gal"_L1, "/mi"_L1, "/hr"_L1, "mi"_L1, "hr"_L1})
+            text.remove(unit, Qt::CaseInsensitive);
+        number = text.trimmed().toDouble(&ok);
+    }
     return ok && std::isfinite(number) ? std::optional(number) : std::nullopt;
 }
 
@@ -39,12 +42,20 @@ QString shownText(DataCell::Form form, const QString &raw, std::optional<double>
 } // namespace
 
 DataCell::DataCell(Form form, const QString &raw)
-    : number(form == Form::Text ? std::nullopt : shownNumber(raw))
+    : rawText(raw)
+    , number(form == Form::Text ? std::nullopt : shownNumber(raw))
+    , standsRight(form != Form::Text)
 {
     setText(shownText(form, raw, number));
-    setData(rawTextRole, raw);
-    if (form != Form::Text)
-        setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+}
+
+QVariant DataCell::data(int role) const
+{
+    if (role == rawTextRole)
+        return rawText;
+    if (role == Qt::TextAlignmentRole && standsRight)
+        return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
+    return QTableWidgetItem::data(role);
 }
 
 bool DataCell::operator<(const QTableWidgetItem &other) const

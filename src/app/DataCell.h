@@ -18,8 +18,14 @@ public:
 
     DataCell(Form form, const QString &raw);
 
+    /// Answers the raw text and the alignment from members: stored as roles, they would take most
+    /// of the time of filling a long table.
+    [[nodiscard]] QVariant data(int role) const override;
+
     bool operator<(const QTableWidgetItem &other) const override;
 
 private:
+    QString rawText;
     std::optional<double> number;
+    bool standsRight;
 };

@@ -77,8 +77,9 @@ void finish(QTableWidget *table, std::span<const Column> columns)
         labels.append(QCoreApplication::translate("PayweekTables", column.label));
     UiScale::setSortableHeaders(table, labels);
     UiScale::sortAsChosen(table);
+    table->horizontalHeader()->setStretchLastSection(false);
     table->resizeColumnsToContents();
-    table->horizontalHeader()->setStretchLastSection(true);
+    table->horizontalHeader()->setStretchLastSection(true); // anew, for fitting made it narrow
     table->setUpdatesEnabled(true);
 }
 
