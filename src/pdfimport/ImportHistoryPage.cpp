@@ -119,7 +119,8 @@ const ImportHistoryRow *ImportHistoryPage::selectedRow() const
 {
     const QList<QTableWidgetItem *> selected = grid->selectedItems();
     // The grid does not sort, so a line of it is a place in the list.
-    return selected.isEmpty() ? nullptr : &rows.at(selected.first()->row());
+    const qsizetype line = selected.isEmpty() ? -1 : selected.first()->row();
+    return line >= 0 && line < rows.size() ? &rows.at(line) : nullptr;
 }
 
 void ImportHistoryPage::showSelectedHistoryDetails()

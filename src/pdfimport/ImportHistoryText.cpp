@@ -50,7 +50,7 @@ QString detailsText(const ImportHistoryRow &row)
 
 QString description(const ImportHistoryRow &row)
 {
-    return u"ID: %1\nAction: %2\nDatabase: %3\nDetails: %4"_s.arg(
+    return u"ID %1\nAction: %2\nDatabase: %3\nDetails: %4"_s.arg(
         QString::number(row.id), row.action, row.database, row.details);
 }
 

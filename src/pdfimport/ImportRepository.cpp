@@ -54,26 +54,36 @@ bool ensureImportTables(const QSqlDatabase &database, QString &error)
     return true;
 }
 
-/// Finds trips by their number. A number that cannot be looked up belongs to no trip.
-class TripLookup
+/// Tells what becomes of a row under review. A number that cannot be looked up belongs to no trip.
+class RowSorter
 {
 public:
-    explicit TripLookup(const QSqlDatabase &database)
-        : select(database, selectTripByNumber)
+    enum class Outcome { Inserted, SwitchedOff, OtherRoute, MissingTrip };
+
+    explicit RowSorter(const QSqlDatabase &database)
+        : selectTrip(database, selectTripByNumber)
     {
     }
 
-    /// Below 1 without such a trip.
-    int idOf(const QString &tripNo)
+    /// `tripId` is set only for a row to insert.
+    Outcome outcomeOf(const FuelReviewRow &row, int &tripId)
     {
+        if (!row.enabled)
+            return Outcome::SwitchedOff;
+        if (row.route.trimmed() != FuelReviewWords::fuelDetail)
+            return Outcome::OtherRoute;
         QVariant id;
         QString ignored;
-        return select.firstValue({tripNo.trimmed()}, id, ignored) ? id.toInt() : 0;
+        selectTrip.firstValue({row.tripNo.trimmed()}, id, ignored);
+        tripId = id.toInt();
+        return tripId >= 1 ? Outcome::Inserted : Outcome::MissingTrip;
     }
 
 private:
-    SqlStatement select;
+    SqlStatement selectTrip;
 };
+
+using Outcome = RowSorter::Outcome;
 
 /// What a dry run and an import have in common: the settlement, the file, and all that must hold
 /// before a row is looked at.
@@ -140,17 +150,14 @@ ImportResult failed(ImportResult result, const QString &message)
 LeftOut countRows(const CheckedImport &import, ImportResult &result)
 {
     LeftOut leftOut;
-    TripLookup trips(import.database());
+    RowSorter sorter(import.database());
     for (const FuelReviewRow &row : import.parsed.rows) {
-        const QString route = row.route.trimmed();
-        if (row.enabled && route == FuelReviewWords::fuelDetail && trips.idOf(row.tripNo) >= 1) {
-            ++result.fuelDetailRows;
-            continue;
-        }
-        ++result.skippedRows;
-        if (row.enabled && route != FuelReviewWords::fuelDetail)
-            leftOut.unsupportedRoutes.append(route);
-        else if (row.enabled)
+        int tripId = 0;
+        const Outcome outcome = sorter.outcomeOf(row, tripId);
+        ++(outcome == Outcome::Inserted ? result.fuelDetailRows : result.skippedRows);
+        if (outcome == Outcome::OtherRoute)
+            leftOut.unsupportedRoutes.append(row.route.trimmed());
+        else if (outcome == Outcome::MissingTrip)
             leftOut.missingTrips.append(u"Missing trip '%1': %2"_s.arg(
                 row.tripNo.trimmed(), describedAs(row, u"Imported Item"_s)));
     }
@@ -184,23 +191,20 @@ QStringList previewDetails(const CheckedImport &import, const ImportResult &resu
 /// insert fails.
 bool insertRows(const CheckedImport &import, ImportResult &result, QString &error)
 {
-    TripLookup trips(import.database());
+    RowSorter sorter(import.database());
     SqlStatement insert(import.database(), insertFuelDetail);
     for (const FuelReviewRow &row : import.parsed.rows) {
-        const QString route = row.route.trimmed();
         const QString description = describedAs(row, u"Fuel/DEF Item"_s);
-        const int trip =
-            row.enabled && route == FuelReviewWords::fuelDetail ? trips.idOf(row.tripNo) : 0;
-        if (trip >= 1) {
-            if (!insert.run({trip, description, row.cost, row.discount, row.gallons}, error))
-                return false;
-            ++result.fuelDetailRows;
-            continue;
-        }
-        ++result.skippedRows;
-        if (row.enabled && route != FuelReviewWords::fuelDetail)
-            result.details.append("Skipped non-fuel route in Fuel/DEF-only mode: "_L1 + route);
-        else if (row.enabled)
+        int tripId = 0;
+        const Outcome outcome = sorter.outcomeOf(row, tripId);
+        if (outcome == Outcome::Inserted
+            && !insert.run({tripId, description, row.cost, row.discount, row.gallons}, error))
+            return false;
+        ++(outcome == Outcome::Inserted ? result.fuelDetailRows : result.skippedRows);
+        if (outcome == Outcome::OtherRoute)
+            result.details.append("Skipped non-fuel route in Fuel/DEF-only mode: "_L1
+                                  + row.route.trimmed());
+        else if (outcome == Outcome::MissingTrip)
             result.details.append(
                 u"Skipped row for missing trip '%1': %2"_s.arg(row.tripNo, description));
     }

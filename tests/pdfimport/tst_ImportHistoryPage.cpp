@@ -27,7 +27,7 @@ const QString exportDetails = u"Database Activity History Row\n"
 
 const QString deleteExportQuestion =
     u"Delete this activity history row?\n\n"
-    "ID: 2\nAction: Export Database\nDatabase: trips.db\n"
+    "ID 2\nAction: Export Database\nDatabase: trips.db\n"
     "Details: Exported to /media/stick/trips.db\n\n"
     "This removes only the audit/history entry.\n"
     "It does NOT delete trips, settlement rows, locations, or imported data."_s;

@@ -108,8 +108,8 @@ private Q_SLOTS:
     void descriptionHasFourLines()
     {
         QCOMPARE(ImportHistoryText::description(activity()),
-                 u"ID: 7\nAction: Export Database\nDatabase: trips.db\nDetails: to /media/stick"_s);
-        QCOMPARE(ImportHistoryText::description({}), u"ID: 0\nAction: \nDatabase: \nDetails: "_s);
+                 u"ID 7\nAction: Export Database\nDatabase: trips.db\nDetails: to /media/stick"_s);
+        QCOMPARE(ImportHistoryText::description({}), u"ID 0\nAction: \nDatabase: \nDetails: "_s);
     }
 
     void percentSignsInTheLogAreNoPlaces()
@@ -118,7 +118,7 @@ private Q_SLOTS:
         row.action = u"Export %4"_s;
         row.details = u"100%1.db"_s;
         QCOMPARE(ImportHistoryText::description(row),
-                 u"ID: 7\nAction: Export %4\nDatabase: trips.db\nDetails: 100%1.db"_s);
+                 u"ID 7\nAction: Export %4\nDatabase: trips.db\nDetails: 100%1.db"_s);
     }
 };
 
