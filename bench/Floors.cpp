@@ -1,11 +1,11 @@
 #include "bench/Floors.h"
 
+#include "bench/BareParts.h"
 #include "data/DatabaseLocator.h"
 #include "data/SqlStatement.h"
 
-#include <QTableWidget>
-
 using namespace Qt::StringLiterals;
+using namespace BareParts;
 
 namespace {
 
@@ -65,25 +65,13 @@ constexpr auto aprOfPayweek = R"(
 SELECT CAST(COALESCE(apr,0) AS REAL) FROM settlement_meta
 WHERE TRIM(COALESCE(settlement_date,'')) = ? LIMIT 1)"_L1;
 
-void readAll(SqlStatement &statement, const QVariantList &values)
-{
-    QString error;
-    statement.forEachRow(values, error, [](const SqlStatement &row) { (void)row.texts(); });
-}
-
-void readAll(const QSqlDatabase &database, const QString &sql)
-{
-    SqlStatement statement(database, sql);
-    readAll(statement, {});
-}
-
 void readOnce(const QString &connection, const QString &file, const QStringList &statements)
 {
     QSqlDatabase database;
     QString error;
     if (DatabaseLocator::openNamedConnection(database, connection, file, error)) {
         for (const QString &sql : statements)
-            readAll(database, sql);
+            rowsOf(database, sql);
     }
     DatabaseLocator::releaseNamedConnection(database, connection);
 }
@@ -94,25 +82,12 @@ namespace Floors {
 
 void tripList(const QSqlDatabase &database, QTableWidget &table)
 {
-    readAll(database, tripPayweeks);
-    QList<QStringList> rows;
-    QString error;
-    SqlStatement(database, allTrips).forEachRow({}, error, [&rows](const SqlStatement &row) {
-        rows.append(row.texts());
-    });
+    rowsOf(database, tripPayweeks);
+    const QList<QStringList> rows = rowsOf(database, allTrips);
     SqlStatement stops(database, stopsOfTrip);
-    for (const QStringList &row : std::as_const(rows))
+    for (const QStringList &row : rows)
         readAll(stops, {row.constFirst()});
-
-    table.setUpdatesEnabled(false);
-    table.clear();
-    table.setRowCount(static_cast<int>(rows.size()));
-    table.setColumnCount(15);
-    for (int row = 0; row < table.rowCount(); ++row) {
-        for (int column = 0; column < table.columnCount(); ++column)
-            table.setItem(row, column, new QTableWidgetItem(rows.at(row).at(column)));
-    }
-    table.setUpdatesEnabled(true);
+    fill(table, rows, 15);
 }
 
 void payweek(const QSqlDatabase &database, const QString &payweek, const QStringList &earlier)
@@ -134,7 +109,7 @@ void payweek(const QSqlDatabase &database, const QString &payweek, const QString
     readFunds(payweek, 3);
     SqlStatement fuel(database, fuelOfPayweek);
     readAll(fuel, {payweek});
-    readAll(database, allPayweeks);
+    rowsOf(database, allPayweeks);
     for (const QString &week : earlier) {
         readAll(trips, {week});
         readAll(items, {week});

@@ -8,15 +8,19 @@
 using namespace Qt::StringLiterals;
 
 Ratio measured(const QString &name, double limit, int rounds, const std::function<void()> &product,
-               const std::function<void()> &floor)
+               const std::function<void()> &floor, const std::function<void()> &prepare)
 {
-    product();
-    floor();
+    const auto prepared = [&prepare](const std::function<void()> &work) {
+        prepare();
+        return millisecondsOf(work);
+    };
+    prepared(product);
+    prepared(floor);
     QList<double> products;
     QList<double> floors;
     for (int round = 0; round < rounds; ++round) {
-        products.append(millisecondsOf(product));
-        floors.append(millisecondsOf(floor));
+        products.append(prepared(product));
+        floors.append(prepared(floor));
     }
     return {name, limit, median(products), median(floors)};
 }

@@ -16,9 +16,11 @@ struct Ratio
     [[nodiscard]] double value() const { return productMs / floorMs; }
 };
 
-/// Runs product and floor in turn, `rounds` times each after one unmeasured round.
-Ratio measured(const QString &name, double limit, int rounds, const std::function<void()> &product,
-               const std::function<void()> &floor);
+/// Runs product and floor in turn, `rounds` times each after one unmeasured round. `prepare` runs
+/// ahead of every one of them, unmeasured.
+Ratio measured(
+    const QString &name, double limit, int rounds, const std::function<void()> &product,
+    const std::function<void()> &floor, const std::function<void()> &prepare = [] {});
 
 /// The milliseconds that `work` takes.
 double millisecondsOf(const std::function<void()> &work);

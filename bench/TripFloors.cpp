@@ -1,5 +1,6 @@
 #include "bench/TripFloors.h"
 
+#include "bench/BareParts.h"
 #include "data/SqlStatement.h"
 
 #include <QCheckBox>
@@ -8,6 +9,7 @@
 #include <QTableWidget>
 
 using namespace Qt::StringLiterals;
+using namespace BareParts;
 
 namespace {
 
@@ -46,22 +48,11 @@ INSERT INTO trip_detail_items (trip_id, group_name, item_type, cost, discount, g
 
 const QStringList itemTables = {u"trip_pay_items"_s, u"trip_cost_items"_s};
 
-QList<QStringList> rowsOf(const QSqlDatabase &database, const QString &sql,
-                          const QVariantList &values = {})
-{
-    QList<QStringList> rows;
-    QString error;
-    SqlStatement(database, sql).forEachRow(values, error, [&rows](const SqlStatement &row) {
-        rows.append(row.texts());
-    });
-    return rows;
-}
-
 void rewrite(const QSqlDatabase &database, int tripId, const QString &table,
              const QList<QStringList> &rows, const QString &insertSql)
 {
     QString error;
-    runSql(database, u"DELETE FROM %1 WHERE trip_id = ?"_s.arg(table), {tripId}, error);
+    execute(database, u"DELETE FROM %1 WHERE trip_id = ?"_s.arg(table), {tripId});
     SqlStatement insert(database, insertSql);
     for (const QStringList &row : rows) {
         QVariantList values = {tripId};
@@ -122,10 +113,9 @@ void load(const QSqlDatabase &trips, int tripId, const QStringList &codes, const
 void save(const QSqlDatabase &trips, const QSqlDatabase &locations, int tripId)
 {
     const QList<QStringList> stops = rowsOf(trips, selectStops, {tripId});
-    QString error;
     for (const QStringList &stop : stops) {
         rowsOf(locations, selectCodes);
-        runSql(locations, insertCode, {stop.at(1)}, error);
+        execute(locations, insertCode, {stop.at(1)});
     }
     rewrite(trips, tripId, u"trip_stops"_s, stops, insertStop);
     for (const QString &table : itemTables) {

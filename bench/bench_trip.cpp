@@ -2,10 +2,10 @@
 // its floors. Run it in a folder with the 20-year sample, to which it adds that trip.
 
 #include "app/BrindlepathApp.h"
+#include "bench/BareParts.h"
 #include "bench/Floors.h"
 #include "bench/Ratio.h"
 #include "bench/TripFloors.h"
-#include "data/SqlStatement.h"
 #include "trips/TripList.h"
 #include "trips/TripsPage.h"
 
@@ -15,6 +15,7 @@
 #include <QTextStream>
 
 using namespace Qt::StringLiterals;
+using BareParts::execute;
 
 namespace {
 
@@ -22,20 +23,11 @@ constexpr int stopCount = 20;
 constexpr int itemCountOfAKind = 15;
 constexpr int fuelCount = 30;
 
-void execute(const QSqlDatabase &database, const QString &sql, const QVariantList &values = {})
-{
-    QString error;
-    if (!runSql(database, sql, values, error))
-        qFatal("%s", qPrintable(error));
-}
-
 QStringList textsOf(const QSqlDatabase &database, const QString &sql)
 {
     QStringList texts;
-    QString error;
-    SqlStatement(database, sql).forEachRow({}, error, [&texts](const SqlStatement &row) {
-        texts.append(row.text(0));
-    });
+    for (const QStringList &row : BareParts::rowsOf(database, sql))
+        texts.append(row.constFirst());
     return texts;
 }
 
