@@ -12,6 +12,7 @@
 #include "reports/PayTotalsRepository.h"
 #include "reports/ReportChartGeometry.h"
 #include "reports/ReportsRepository.h"
+#include "reports/WeeklyMetrics.h"
 #include "samples/SampleBusiness.h"
 #include "samples/SampleWriter.h"
 
@@ -80,8 +81,8 @@ Ratio breakdown(const QSqlDatabase &trips, const QString &key, Record record, co
     return measured(
         u"Breakdown of %1 by %2 weeks, %3"_s.arg(key).arg(payweeks.size()).arg(file), 2.0, rounds,
         [&] {
-            PayTotalsRepository::loadWeeklyMetric(trips, year, key);
-            PayTotalsRepository::formatWeeklyMetricText(trips, year, key);
+            WeeklyMetrics::text(PayTotalsRepository::weeklyMetricLabel(key), year,
+                                PayTotalsRepository::loadWeeklyMetric(trips, year, key));
         },
         [&] { TotalsFloors::payweeks(trips, record, payweeks); });
 }

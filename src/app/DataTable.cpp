@@ -7,29 +7,39 @@
 
 namespace {
 
-/// How wide a text is by its letters, each of which is measured only once.
+/// How wide a text is by its letters, each of which is measured only when it is first met.
 class LetterWidths
 {
 public:
     explicit LetterWidths(const QFontMetrics &fontMetrics)
         : metrics(fontMetrics)
     {
-        for (std::size_t letter = 0; letter < plain.size(); ++letter)
-            plain[letter] = metrics.horizontalAdvance(QChar(static_cast<char16_t>(letter)));
+        plain.fill(unknown);
     }
 
-    [[nodiscard]] int of(const QString &text) const
+    [[nodiscard]] int of(const QString &text)
     {
         int width = 0;
         for (const QChar letter : text)
-            width += letter.unicode() < plain.size() ? plain[letter.unicode()]
-                                                     : metrics.horizontalAdvance(letter);
+            width += of(letter);
         return width;
     }
 
 private:
+    static constexpr int unknown = -1;
+
+    int of(QChar letter)
+    {
+        if (letter.unicode() >= plain.size())
+            return metrics.horizontalAdvance(letter);
+        int &width = plain[letter.unicode()];
+        if (width == unknown)
+            width = metrics.horizontalAdvance(letter);
+        return width;
+    }
+
     QFontMetrics metrics;
-    std::array<int, 128> plain = {};
+    std::array<int, 128> plain;
 };
 
 } // namespace
@@ -50,7 +60,7 @@ DataTable::DataTable(const QString &objectName, const QString &accessibleName, i
 
 int DataTable::sizeHintForColumn(int column) const
 {
-    const LetterWidths letterWidths(fontMetrics());
+    LetterWidths letterWidths(fontMetrics());
     int widest = -1;
     int width = -1;
     for (int row = 0; row < rowCount(); ++row) {

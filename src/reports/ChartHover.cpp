@@ -12,6 +12,7 @@ namespace {
 
 constexpr auto repeatInterval = 1200ms;
 constexpr int tipMilliseconds = 3000;
+constexpr QChar zeroWidthSpace(0x200B);
 constexpr double reach = 14.0;
 constexpr double keep = 28.0;
 
@@ -100,8 +101,11 @@ void ChartHover::holdTip(const QMouseEvent *event)
 
 void ChartHover::showTip()
 {
-    QToolTip::showText(hoverGlobalPos, hoverTipText, view->viewport(), hoverAnchorRect,
-                       tipMilliseconds);
+    // Qt lets a tip go in its time if it is shown again with the same text, so a tip that still
+    // stands gets a mark that no one sees.
+    const bool stands = QToolTip::isVisible() && QToolTip::text() == hoverTipText;
+    const QString text = stands ? hoverTipText + zeroWidthSpace : hoverTipText;
+    QToolTip::showText(hoverGlobalPos, text, view->viewport(), hoverAnchorRect, tipMilliseconds);
 }
 
 void ChartHover::clear()

@@ -25,9 +25,9 @@ const QString connectionName = u"pay_totals_trips_connection"_s;
 constexpr int pointSizeAt100 = 10;
 
 // The page scrolls, so tables of a known length stand in it as a whole.
-constexpr int coreRows = 19;
+constexpr int coreTableRows = 19;
 constexpr int leastNonTripRows = 6;
-constexpr int fuelRows = 4;
+constexpr int fuelTableRows = 4;
 
 enum CoreColumn { MetricColumn, CoreValueColumn };
 enum NonTripColumn { CategoryColumn, KindColumn, NameColumn, ItemCountColumn };
@@ -103,7 +103,7 @@ QWidget *PayTotalsPage::buildCoreSection()
         tr("Core Totals"),
         tr("Open trips.db to calculate Pay Totals.\n\nPhase 25 adds repository-backed fuel "
            "analytics and breakdown popups."),
-        coreTable, coreRows, this);
+        coreTable, coreTableRows, this);
     return coreSection;
 }
 
@@ -118,10 +118,10 @@ QWidget *PayTotalsPage::buildNonTripSection()
                                           "trips.db and selecting a scope."),
                                        nonTripTable, leastNonTripRows, this);
     setTabOrder(PageParts::addButton(
-                    nonTripSection->actions(), tr("Open Non-Trip Settlement Breakdown"),
+                    nonTripSection->buttonRow(), tr("Open Non-Trip Settlement Breakdown"),
                     u"nonTripBreakdownButton"_s, this, &PayTotalsPage::openAllNonTripBreakdown),
                 nonTripTable);
-    nonTripSection->actions()->addStretch();
+    nonTripSection->buttonRow()->addStretch();
     return nonTripSection;
 }
 
@@ -134,8 +134,8 @@ QWidget *PayTotalsPage::buildFuelSection()
     fuelSection = new TotalsSection(
         tr("Fuel / DEF Analytics"),
         tr("Fuel analytics will appear after opening trips.db and selecting a scope."), fuelTable,
-        fuelRows, this);
-    PageParts::addButton(fuelSection->actions(), tr("Open Fuel Breakdown"),
+        fuelTableRows, this);
+    PageParts::addButton(fuelSection->buttonRow(), tr("Open Fuel Breakdown"),
                          u"fuelBreakdownButton"_s, this, &PayTotalsPage::openAllFuelBreakdown);
     const QList<QStringList> types = {{u"Truck Fuel"_s, u"truckFuelButton"_s},
                                       {u"Reefer Fuel"_s, u"reeferFuelButton"_s},
@@ -145,10 +145,10 @@ QWidget *PayTotalsPage::buildFuelSection()
         auto *button = new QPushButton(type, this);
         button->setObjectName(names.last());
         connect(button, &QPushButton::clicked, this, [this, type] { openFuelBreakdown(type); });
-        fuelSection->actions()->addWidget(button);
+        fuelSection->buttonRow()->addWidget(button);
         setTabOrder(button, fuelTable);
     }
-    fuelSection->actions()->addStretch();
+    fuelSection->buttonRow()->addStretch();
     return fuelSection;
 }
 

@@ -51,8 +51,8 @@ QString totalMiles(const Summary &summary, const NonTrip &)
     return number2Text(summary.totalMiles);
 }
 
-// The two non-trip totals show the settlement figures a second time, so that each block of the
-// table adds up as it is read.
+// The two non-trip totals show the settlement figures a second time: settlement items are all that
+// belongs to no trip.
 constexpr auto coreFigures = std::to_array<CoreFigure>({
     {"trip_count"_L1, tripCount},
     {"trip_revenue"_L1, money<&Summary::tripRevenue>},

@@ -15,14 +15,14 @@ TotalsSection::TotalsSection(const QString &title, const QString &firstSummary,
                              TotalsTable *sectionTable, int leastRows, QWidget *parent)
     : QGroupBox(title, parent)
     , summaryLabel(PageParts::makeNote(firstSummary, this))
-    , actionRow(new QHBoxLayout)
+    , buttons(new QHBoxLayout)
     , table(sectionTable)
     , leastVisibleRows(leastRows)
 {
     summaryLabel->setObjectName(table->objectName() + "Summary"_L1);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(summaryLabel);
-    layout->addLayout(actionRow);
+    layout->addLayout(buttons);
     layout->addWidget(table, 1);
     fitTable();
 }

@@ -17,7 +17,7 @@ public:
                   int leastRows, QWidget *parent);
 
     /// The row of buttons between summary and table, for the page to fill.
-    [[nodiscard]] QBoxLayout *actions() const { return actionRow; }
+    [[nodiscard]] QBoxLayout *buttonRow() const { return buttons; }
 
     void showTotals(const QString &summary, const QList<QStringList> &rows);
     /// Keeps room for the least rows at their present height.
@@ -25,7 +25,7 @@ public:
 
 private:
     QLabel *summaryLabel = nullptr;
-    QBoxLayout *actionRow = nullptr;
+    QBoxLayout *buttons = nullptr;
     TotalsTable *table = nullptr;
     int leastVisibleRows;
 };

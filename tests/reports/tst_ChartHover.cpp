@@ -198,6 +198,18 @@ private Q_SLOTS:
         QVERIFY(hovered.timer->isActive());
     }
 
+    void tipThatStandsIsGivenItsTimeAnew()
+    {
+        const Workspace workspace;
+        HoveredView hovered;
+        QCOMPARE(hovered.pointsAt({114, 114}), u"left"_s);
+        hovered.timeRunsOut();
+        QVERIFY(QToolTip::text() != u"left"_s); // or Qt would not count anew
+        QCOMPARE(QToolTip::text().remove(QChar(0x200B)), u"left"_s);
+        hovered.timeRunsOut();
+        QCOMPARE(QToolTip::text(), u"left"_s);
+    }
+
     void newChartForgetsTheTipOfTheOldOne()
     {
         const Workspace workspace;

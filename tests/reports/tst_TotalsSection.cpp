@@ -21,8 +21,8 @@ class Section
 public:
     Section()
     {
-        section->actions()->addWidget(new QPushButton(u"Open Breakdown"_s));
-        section->actions()->addStretch();
+        section->buttonRow()->addWidget(new QPushButton(u"Open Breakdown"_s));
+        section->buttonRow()->addStretch();
         auto *layout = new QVBoxLayout(&window);
         layout->addWidget(section);
         Person::shows(window);

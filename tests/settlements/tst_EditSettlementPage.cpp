@@ -1,6 +1,6 @@
-#include "support/FailingStatement.h"
 #include "settlements/SettlementWindow.h"
 #include "support/DialogRobot.h"
+#include "support/FailingStatement.h"
 #include "support/TableReaders.h"
 
 using namespace Qt::StringLiterals;

@@ -1,7 +1,7 @@
 #include "data/DatabaseLocator.h"
-#include "support/ReadingOrder.h"
 #include "settlements/SettlementWindow.h"
 #include "support/DialogRobot.h"
+#include "support/ReadingOrder.h"
 #include "support/TableReaders.h"
 
 #include <QFormLayout>

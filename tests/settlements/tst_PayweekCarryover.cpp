@@ -1,6 +1,6 @@
 #include "settlements/CarryoverRules.h"
-#include "support/FailingStatement.h"
 #include "settlements/PayweekFile.h"
+#include "support/FailingStatement.h"
 
 using namespace Qt::StringLiterals;
 using namespace PayweekRepository;

@@ -1,7 +1,7 @@
-#include "support/FailingStatement.h"
 #include "settlements/PayweekRows.h"
 #include "settlements/PayweekWindow.h"
 #include "support/DialogRobot.h"
+#include "support/FailingStatement.h"
 
 #include <QTest>
 

@@ -1,8 +1,8 @@
 #include "data/DatabaseLocator.h"
 #include "settlements/PayweekRows.h"
 #include "settlements/PayweekWindow.h"
-#include "support/ReadingOrder.h"
 #include "support/DialogRobot.h"
+#include "support/ReadingOrder.h"
 #include "support/TableReaders.h"
 
 #include <QDir>
