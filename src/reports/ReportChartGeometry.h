@@ -16,7 +16,7 @@ struct ValueRange
     double top = 0.0;
 };
 
-/// The view's size less its frame, and at least 760 by 620, below which labels collide.
+/// The viewport with a little room around it, and at least 760 by 620, below which labels collide.
 QSize canvasSize(const QSize &viewport);
 
 QRectF plotRect(const QSize &canvas);

@@ -460,6 +460,9 @@ void tst_BrindlepathApp::whatPagesReportStandsInTheStatusLine()
     goTo(window, u"Edit Settlement"_s);
     Person::clicks(window, u"Refresh"_s);
     QCOMPARE(status(window), u"Loaded 1 settlement rows for 04/18/2026"_s);
+    goTo(window, u"Totals"_s);
+    Person::clicks(window, u"Refresh"_s);
+    QCOMPARE(status(window), u"Pay Totals refreshed: No scope selected"_s);
 }
 
 void tst_BrindlepathApp::locationSavedByHandIsCountedOnTheStartScreen()

@@ -2,6 +2,7 @@
 #include "reports/ReportRows.h"
 
 #include <QImage>
+#include <QPainter>
 
 #include <algorithm>
 
@@ -143,6 +144,28 @@ private Q_SLOTS:
             QVERIFY2(QRect(4, y - 10, 76, 20).contains(text), qPrintable(QString::number(y)));
             QVERIFY(text.right() >= 74);
         }
+    }
+
+    void axisFallsFromTheLargestValueToTheSmallest()
+    {
+        const Workspace workspace;
+        const QImage image = picture(bars(dollars({{u"A"_s, {50.0}}})));
+        QPixmap expected(least);
+        expected.fill(Qt::white);
+        QPainter painter(&expected);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setFont(textFont(11));
+        double height = 54.0;
+        for (const QString &text :
+             {u"$50.00"_s, u"$40.00"_s, u"$30.00"_s, u"$20.00"_s, u"$10.00"_s, u"$0.00"_s}) {
+            painter.drawText(QRectF(4, height - 9, 74, 18), Qt::AlignRight | Qt::AlignVCenter,
+                             text);
+            height += 83.2;
+        }
+        painter.end();
+        const QRect axis(0, 40, 80, 445);
+        QCOMPARE(image.copy(axis),
+                 expected.toImage().convertToFormat(QImage::Format_RGB32).copy(axis));
     }
 
     void dashedLineMarksZeroBetweenValuesOfBothSigns()
