@@ -14,7 +14,6 @@ public:
     explicit LetterWidths(const QFontMetrics &fontMetrics)
         : metrics(fontMetrics)
     {
-        plain.fill(unknown);
     }
 
     [[nodiscard]] int of(const QString &text)
@@ -26,20 +25,18 @@ public:
     }
 
 private:
-    static constexpr int unknown = -1;
-
     int of(QChar letter)
     {
         if (letter.unicode() >= plain.size())
             return metrics.horizontalAdvance(letter);
         int &width = plain[letter.unicode()];
-        if (width == unknown)
+        if (width == 0)
             width = metrics.horizontalAdvance(letter);
         return width;
     }
 
     QFontMetrics metrics;
-    std::array<int, 128> plain;
+    std::array<int, 128> plain = {}; // 0 until measured
 };
 
 } // namespace
