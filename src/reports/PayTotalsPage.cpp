@@ -141,7 +141,7 @@ QWidget *PayTotalsPage::buildFuelSection()
                                       {u"Reefer Fuel"_s, u"reeferFuelButton"_s},
                                       {u"DEF"_s, u"defButton"_s}};
     for (const QStringList &names : types) {
-        const QString type = names.first();
+        const QString &type = names.first();
         auto *button = new QPushButton(type, this);
         button->setObjectName(names.last());
         connect(button, &QPushButton::clicked, this, [this, type] { openFuelBreakdown(type); });
