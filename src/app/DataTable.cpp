@@ -3,11 +3,13 @@
 #include <QAbstractItemDelegate>
 #include <QHeaderView>
 
+#include <algorithm>
 #include <array>
 
 namespace {
 
-/// How wide a text is by its letters, each of which is measured only when it is first met.
+/// How wide the widest line of a text is by its letters, each of which is measured only when it is
+/// first met.
 class LetterWidths
 {
 public:
@@ -18,10 +20,13 @@ public:
 
     [[nodiscard]] int of(const QString &text)
     {
+        int widest = 0;
         int width = 0;
-        for (const QChar letter : text)
-            width += of(letter);
-        return width;
+        for (const QChar letter : text) {
+            width = letter == u'\n' ? 0 : width + of(letter);
+            widest = std::max(widest, width);
+        }
+        return widest;
     }
 
 private:

@@ -3,6 +3,8 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QLabel>
+#include <QMessageBox>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -17,6 +19,7 @@ private Q_SLOTS:
     void fontFollowsTheSavedScaleUnclamped();
     void withoutASavedScaleTheFontHasTenPoints();
     void iconComesFromTheResources();
+    void messageBoxesShowMarkupAsItStands();
 };
 
 void tst_ApplicationSetup::applicationGoesByItsNames()
@@ -60,6 +63,17 @@ void tst_ApplicationSetup::iconComesFromTheResources()
     const QList<QSize> sizes = QApplication::windowIcon().availableSizes();
     QVERIFY(sizes.contains(QSize(16, 16)));
     QVERIFY(sizes.contains(QSize(256, 256)));
+}
+
+void tst_ApplicationSetup::messageBoxesShowMarkupAsItStands()
+{
+    const Workspace workspace;
+    setUpApplication();
+    QMessageBox box(QMessageBox::Question, u"Delete"_s, u"<b>Delete</b> location <i>ALB1?"_s);
+    box.show();
+    const auto *text = box.findChild<QLabel *>(u"qt_msgbox_label"_s);
+    QCOMPARE(text->textFormat(), Qt::PlainText);
+    QVERIFY(text->fontMetrics().horizontalAdvance(box.text()) <= text->width());
 }
 
 QTEST_MAIN(tst_ApplicationSetup)

@@ -139,6 +139,15 @@ private Q_SLOTS:
         QVERIFY(table.widget->columnWidth(0) > table.widthOf(widest));
     }
 
+    void widestLineCountsInTextsOfSeveral()
+    {
+        const Workspace workspace;
+        const Table table;
+        const QString oneLine = u"Gate 4, ring twice"_s;
+        table.show({oneLine, u"Gate 4\nring twice\nbell is loud"_s});
+        QVERIFY(table.widget->columnWidth(0) > table.widthOf(oneLine));
+    }
+
     void columnIsNoWiderThanQtItselfWouldMakeIt()
     {
         const Workspace workspace;
