@@ -8,6 +8,7 @@
 #include <QBoxLayout>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLabel>
 #include <QMessageBox>
 
@@ -15,23 +16,9 @@ using namespace Qt::StringLiterals;
 
 struct DatabaseManagement::Database
 {
+    QString name;
     QString fileName;
     QString (*pathInUse)();
-
-    QString exportTitle;
-    QString suggestedName;
-    QString noSource;
-    QString exportFailed;
-    QString exported;
-    QString exportedText;
-
-    QString importTitle;
-    QString confirmTitle;
-    QString confirmText;
-    QString noTarget;
-    QString importFailed;
-    QString imported;
-    QString importedText;
 };
 
 namespace {
@@ -39,25 +26,6 @@ namespace {
 QString databaseFilter()
 {
     return DatabaseManagement::tr("SQLite Database (*.db);;All Files (*)");
-}
-
-bool copyOut(const QString &source, const QString &noSource, const QString &target, QString &error)
-{
-    if (source.trimmed().isEmpty()) {
-        error = noSource;
-        return false;
-    }
-    return DatabaseFiles::copyDatabaseFile(source, target, error);
-}
-
-bool copyIn(const QString &source, const QString &target, const QString &noTarget, QString &error)
-{
-    if (target.trimmed().isEmpty()) {
-        error = noTarget;
-        return false;
-    }
-    DatabaseLocator::closeAllSqliteConnections();
-    return DatabaseFiles::replaceDatabaseFile(source, target, error);
 }
 
 // The files are what counts: a log that cannot be written spoils no export and no import.
@@ -71,50 +39,14 @@ void logActivity(const QString &action, const QString &fileName, const QString &
 
 DatabaseManagement::Database DatabaseManagement::tripsDatabase()
 {
-    return {
-        .fileName = DatabaseLocator::tripsFileName,
-        .pathInUse = &DatabaseLocator::currentTripsDatabasePath,
-        .exportTitle = tr("Export Trips Database"),
-        .suggestedName = u"trips_backup.db"_s,
-        .noSource = tr("trips.db is not open or could not be found."),
-        .exportFailed = tr("Export Trips Database Failed"),
-        .exported = tr("Trips Database Exported"),
-        .exportedText = tr("Trips database exported successfully.\n\n%1"),
-        .importTitle = tr("Import Trips Database"),
-        .confirmTitle = tr("Confirm Trips Database Import"),
-        .confirmText = tr("Importing this file will replace the current trips.db used by the "
-                          "application.\n\nA safety backup of the existing database will be "
-                          "created before replacement.\n\nSource:\n%1\n\nContinue?"),
-        .noTarget = tr("Could not determine trips.db target path."),
-        .importFailed = tr("Import Trips Database Failed"),
-        .imported = tr("Trips Database Imported"),
-        .importedText = tr("Trips database imported successfully. Restart the application before "
-                           "continuing work."),
-    };
+    return {tr("Trips"), DatabaseLocator::tripsFileName,
+            &DatabaseLocator::currentTripsDatabasePath};
 }
 
 DatabaseManagement::Database DatabaseManagement::locationsDatabase()
 {
-    return {
-        .fileName = DatabaseLocator::locationsFileName,
-        .pathInUse = &DatabaseLocator::currentLocationsDatabasePath,
-        .exportTitle = tr("Export Locations Database"),
-        .suggestedName = u"locations_backup.db"_s,
-        .noSource = tr("locations.db is not open or could not be found."),
-        .exportFailed = tr("Export Locations Database Failed"),
-        .exported = tr("Locations Database Exported"),
-        .exportedText = tr("Locations database exported successfully.\n\n%1"),
-        .importTitle = tr("Import Locations Database"),
-        .confirmTitle = tr("Confirm Locations Database Import"),
-        .confirmText = tr("Importing this file will replace the current locations.db used by the "
-                          "application.\n\nA safety backup of the existing database will be "
-                          "created before replacement.\n\nSource:\n%1\n\nContinue?"),
-        .noTarget = tr("Could not determine locations.db target path."),
-        .importFailed = tr("Import Locations Database Failed"),
-        .imported = tr("Locations Database Imported"),
-        .importedText = tr("Locations database imported successfully. Restart the application "
-                           "before continuing work."),
-    };
+    return {tr("Locations"), DatabaseLocator::locationsFileName,
+            &DatabaseLocator::currentLocationsDatabasePath};
 }
 
 DatabaseManagement::DatabaseManagement(QWidget *parent)
@@ -184,34 +116,60 @@ void DatabaseManagement::exportDatabase(const Database &database)
 {
     // The dialog's own question would come on top of ours.
     const QString target =
-        QFileDialog::getSaveFileName(this, database.exportTitle, database.suggestedName,
+        QFileDialog::getSaveFileName(this, tr("Export %1 Database").arg(database.name),
+                                     QFileInfo(database.fileName).baseName() + "_backup.db"_L1,
                                      databaseFilter(), nullptr, QFileDialog::DontConfirmOverwrite);
     if (target.trimmed().isEmpty() || !confirmOverwrite(target))
         return;
     QString error;
-    if (!copyOut(database.pathInUse(), database.noSource, target, error)) {
-        QMessageBox::critical(this, database.exportFailed, error);
+    if (!copyOut(database, target, error)) {
+        QMessageBox::critical(this, tr("Export %1 Database Failed").arg(database.name), error);
         return;
     }
     logActivity(u"Export"_s, database.fileName, target);
-    QMessageBox::information(this, database.exported, database.exportedText.arg(target));
+    QMessageBox::information(
+        this, tr("%1 Database Exported").arg(database.name),
+        tr("%1 database exported successfully.\n\n%2").arg(database.name, target));
+}
+
+bool DatabaseManagement::copyOut(const Database &database, const QString &target, QString &error)
+{
+    const QString source = database.pathInUse();
+    if (source.trimmed().isEmpty()) {
+        error = tr("%1 is not open or could not be found.").arg(database.fileName);
+        return false;
+    }
+    return DatabaseFiles::copyDatabaseFile(source, target, error);
 }
 
 void DatabaseManagement::importDatabase(const Database &database)
 {
-    const QString source =
-        QFileDialog::getOpenFileName(this, database.importTitle, {}, databaseFilter());
+    const QString source = QFileDialog::getOpenFileName(
+        this, tr("Import %1 Database").arg(database.name), {}, databaseFilter());
     if (source.trimmed().isEmpty() || !confirmImport(database, source))
         return;
-    const QString target = DatabaseLocator::findDatabaseOrDefaultPath(database.fileName);
     QString error;
-    if (!copyIn(source, target, database.noTarget, error)) {
-        QMessageBox::critical(this, database.importFailed, error);
+    if (!copyIn(database, source, error)) {
+        QMessageBox::critical(this, tr("Import %1 Database Failed").arg(database.name), error);
         return;
     }
     // For trips this is the log of the new file: the replaced one takes its history along.
     logActivity(u"Import"_s, database.fileName, source);
-    QMessageBox::information(this, database.imported, database.importedText);
+    QMessageBox::information(this, tr("%1 Database Imported").arg(database.name),
+                             tr("%1 database imported successfully. Restart the application before "
+                                "continuing work.")
+                                 .arg(database.name));
+}
+
+bool DatabaseManagement::copyIn(const Database &database, const QString &source, QString &error)
+{
+    const QString target = DatabaseLocator::findDatabaseOrDefaultPath(database.fileName);
+    if (target.trimmed().isEmpty()) {
+        error = tr("Could not determine %1 target path.").arg(database.fileName);
+        return false;
+    }
+    DatabaseLocator::closeAllSqliteConnections();
+    return DatabaseFiles::replaceDatabaseFile(source, target, error);
 }
 
 bool DatabaseManagement::confirmOverwrite(const QString &path)
@@ -226,7 +184,12 @@ bool DatabaseManagement::confirmOverwrite(const QString &path)
 
 bool DatabaseManagement::confirmImport(const Database &database, const QString &source)
 {
-    return QMessageBox::warning(this, database.confirmTitle, database.confirmText.arg(source),
-                                QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
+    return QMessageBox::warning(
+               this, tr("Confirm %1 Database Import").arg(database.name),
+               tr("Importing this file will replace the current %1 used by the application.\n\n"
+                  "A safety backup of the existing database will be created before replacement.\n\n"
+                  "Source:\n%2\n\nContinue?")
+                   .arg(database.fileName, source),
+               QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
            == QMessageBox::Yes;
 }

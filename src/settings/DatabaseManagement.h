@@ -15,7 +15,7 @@ public:
     explicit DatabaseManagement(QWidget *parent = nullptr);
 
 private:
-    /// One of the two databases, and the words in which the actions speak of it.
+    /// One of the two databases: what it is called, and where it lies.
     struct Database;
     static Database tripsDatabase();
     static Database locationsDatabase();
@@ -30,7 +30,9 @@ private:
     void importLocationsDatabase();
 
     void exportDatabase(const Database &database);
+    static bool copyOut(const Database &database, const QString &target, QString &error);
     void importDatabase(const Database &database);
+    static bool copyIn(const Database &database, const QString &source, QString &error);
     bool confirmOverwrite(const QString &path);
     bool confirmImport(const Database &database, const QString &source);
 };

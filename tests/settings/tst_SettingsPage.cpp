@@ -4,6 +4,9 @@
 #include "support/Workspace.h"
 
 #include <QApplication>
+#include <QFileInfo>
+#include <QGroupBox>
+#include <QPushButton>
 #include <QScopeGuard>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -59,6 +62,7 @@ class tst_SettingsPage : public QObject
 private Q_SLOTS:
     void pageReadsFromTopToBottom();
     void pageIsSpacedOut();
+    void roomThatIsLeftStaysEmpty();
     void headingIsBoldAndFivePointsLarger();
     void notesWrap();
     void presetsCarryTheirNumbers();
@@ -79,6 +83,7 @@ private Q_SLOTS:
     void presetIsStored();
     void scaleIsOnDiskBeforeAnyoneIsToldOfIt();
     void appliedTwiceIsAnnouncedTwice();
+    void scaleThatCannotBeStoredIsAnnouncedAllTheSame();
     void resetStores100AndAnnouncesItAlsoWhere100WasSet_data();
     void resetStores100AndAnnouncesItAlsoWhere100WasSet();
     void presetsDoNotFollowTheCustomPercent();
@@ -114,6 +119,20 @@ void tst_SettingsPage::pageIsSpacedOut()
     // The gap of 12 stands beside the spacing of the row, which is that of its group.
     const QLabel *custom = labelOf(settings, u"Custom %:"_s);
     QCOMPARE(custom->x() - settings.presets()->geometry().right() - 1, 22);
+}
+
+void tst_SettingsPage::roomThatIsLeftStaysEmpty()
+{
+    const Workspace workspace;
+    SettingsWindow settings;
+    settings.window.resize(1800, 1400);
+    Person::shows(settings.window);
+    const auto buttons = settings.page->findChildren<QPushButton *>();
+    QCOMPARE(buttons.size(), 6);
+    for (const QPushButton *button : buttons)
+        QCOMPARE(button->size(), button->sizeHint());
+    for (const auto &title : {u"Appearance"_s, u"Database Management"_s})
+        QVERIFY(groupOf(settings, title)->height() < 400);
 }
 
 void tst_SettingsPage::headingIsBoldAndFivePointsLarger()
@@ -350,6 +369,18 @@ void tst_SettingsPage::appliedTwiceIsAnnouncedTwice()
     settings.clicks(u"Apply"_s);
     settings.clicks(u"Apply"_s);
     QCOMPARE(settings.announced, QList<int>({100, 100}));
+}
+
+void tst_SettingsPage::scaleThatCannotBeStoredIsAnnouncedAllTheSame()
+{
+    const Workspace workspace;
+    workspace.makeFile(u"settings"_s, "a file where the folder of the settings belongs");
+    const SettingsWindow settings;
+    settings.chooses(u"150%"_s);
+    settings.clicks(u"Apply"_s);
+    QCOMPARE(settings.announced, QList<int>({150}));
+    QCOMPARE(settings.previewPoints(), 15);
+    QVERIFY(!QFileInfo(workspace.path(u"settings"_s)).isDir());
 }
 
 void tst_SettingsPage::resetStores100AndAnnouncesItAlsoWhere100WasSet_data()

@@ -43,6 +43,8 @@ private Q_SLOTS:
     void exportToAFolderThatDoesNotExistMakesIt();
     void withoutADatabaseThereIsNothingToExport_data() { addDatabases(); }
     void withoutADatabaseThereIsNothingToExport();
+    void withoutADatabaseTheFileThereIsKept_data() { addDatabases(); }
+    void withoutADatabaseTheFileThereIsKept();
     void exportThatCannotBeLoggedReadsAsAnyOther();
 };
 
@@ -211,6 +213,20 @@ void tst_SettingsPageExporting::withoutADatabaseThereIsNothingToExport()
     robot.expect(DialogRobot::Critical, database.exportFailed, database.noSource);
     settings.clicks(database.exportButton);
     QCOMPARE(QDir().entryList(QDir::Files), QStringList());
+}
+
+void tst_SettingsPageExporting::withoutADatabaseTheFileThereIsKept()
+{
+    const Words &database = theDatabase();
+    const Workspace workspace;
+    DialogRobot robot;
+    const SettingsWindow settings;
+    const QString target = workspace.makeFile(u"old.db"_s, "an older export");
+    robot.expectFileDialog(database.exportButton).choose(target);
+    expectOverwriteQuestion(robot, target, u"Yes"_s);
+    robot.expect(DialogRobot::Critical, database.exportFailed, database.noSource);
+    settings.clicks(database.exportButton);
+    QCOMPARE(workspace.bytes(u"old.db"_s), "an older export");
 }
 
 void tst_SettingsPageExporting::exportThatCannotBeLoggedReadsAsAnyOther()
