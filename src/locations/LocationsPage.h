@@ -24,7 +24,8 @@ public:
     std::function<void(const QString &text)> statusCallback;
 
     /// Opens any SQLite file and lists its locations. A file that does not open gives a
-    /// "Database Error" box and leaves none open.
+    /// "Database Error" box and leaves none open; a blank path gives one too, but leaves the file
+    /// that was open.
     void openDatabase(const QString &path);
 
 private:

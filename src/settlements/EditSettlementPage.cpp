@@ -183,8 +183,10 @@ void EditSettlementPage::reloadNames()
     QString error;
     if (database.isOpen()
         && !SettlementRepository::listSettlementItemNames(
-            database, DomainRules::editSettlementYear(currentPayweek()), names, error))
+            database, DomainRules::editSettlementYear(currentPayweek()), names, error)) {
         report(tr("Could not load settlement item names: %1").arg(error));
+        names.clear(); // half a list would pass for the whole
+    }
     form->offerNames(names);
 }
 
@@ -202,7 +204,6 @@ void EditSettlementPage::reloadApr()
 void EditSettlementPage::reloadItems()
 {
     const int selectedId = form->selectedItemId();
-    showRows({});
     const QString payweek = currentPayweek();
     if (!database.isOpen() || payweek.isEmpty()) {
         showNoItems(database.isOpen() ? tr("Summary: no payweek selected.")
@@ -215,6 +216,7 @@ void EditSettlementPage::reloadItems()
     QString error;
     if (!SettlementRepository::loadSettlementItems(database, payweek, rows, revenue, expense,
                                                    error)) {
+        showRows({});
         emptyLabel->hide();
         QMessageBox::critical(this, tr("Settlement Query Error"), error);
         return;
@@ -226,6 +228,7 @@ void EditSettlementPage::reloadItems()
 
 void EditSettlementPage::showNoItems(const QString &summaryText)
 {
+    showRows({});
     summary->setText(summaryText);
     emptyLabel->hide();
     startNewItem();
@@ -268,10 +271,8 @@ void EditSettlementPage::loadRow(int row)
 {
     if (row < 0)
         return;
-    const auto text = [this, row](int column) {
-        return table->item(row, column)->text().trimmed();
-    };
-    const int id = text(PayweekTables::ItemIdColumn).toInt();
+    const auto text = [this, row](int column) { return table->item(row, column)->text(); };
+    const int id = text(PayweekTables::ItemIdColumn).trimmed().toInt();
     if (id <= 0)
         return;
     const QString name = text(PayweekTables::NameColumn);

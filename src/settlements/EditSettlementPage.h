@@ -26,7 +26,8 @@ public:
     std::function<void(const QString &text)> statusCallback;
 
     /// Opens the file and shows its newest payweek. A file that does not open gives a
-    /// "Database Error" box and nothing more.
+    /// "Database Error" box and leaves what is shown, but none open; a blank path gives one too,
+    /// but leaves the file that was open.
     void openDatabase(const QString &path);
 
 private:

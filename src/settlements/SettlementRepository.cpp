@@ -5,6 +5,7 @@
 #include "data/MoneyText.h"
 #include "data/SqlStatement.h"
 
+#include <QDate>
 #include <QSet>
 
 #include <algorithm>
@@ -78,18 +79,18 @@ QString normalizedKind(const QString &kind)
     return kind.trimmed().toLower();
 }
 
-bool isKind(const QString &kind, QString &error)
+bool requireKind(const QString &kind, QString &error)
 {
     return kind == "revenue"_L1 || kind == "expense"_L1
            || fail(u"Kind must be revenue or expense."_s, error);
 }
 
-bool isNamed(const QString &name, QString &error)
+bool requireName(const QString &name, QString &error)
 {
     return !name.isEmpty() || fail(u"Name cannot be blank."_s, error);
 }
 
-bool isPayweek(const QString &payweek, QString &error)
+bool requirePayweek(const QString &payweek, QString &error)
 {
     return !payweek.isEmpty() || fail(u"Settlement / payweek is required."_s, error);
 }
@@ -106,19 +107,27 @@ bool appendPayweeks(const QSqlDatabase &database, const QString &sql, QStringLis
     });
 }
 
+struct DatedPayweek
+{
+    QString payweek;
+    QDate date = DomainRules::parseSettlementDate(payweek);
+};
+
+bool isLater(const DatedPayweek &a, const DatedPayweek &b)
+{
+    return a.date.isValid() && b.date.isValid() ? a.date > b.date : a.payweek > b.payweek;
+}
+
 // Dates and other texts together have no order that holds for every three of them, which
 // std::sort() would take badly; a merge is at ease with any comparison.
 void sortNewestFirst(QStringList &payweeks)
 {
-    QHash<QString, QDate> dates;
+    QList<DatedPayweek> dated;
     for (const QString &payweek : std::as_const(payweeks))
-        dates.insert(payweek, DomainRules::parseSettlementDate(payweek));
-    std::stable_sort(payweeks.begin(), payweeks.end(),
-                     [&dates](const QString &a, const QString &b) {
-                         const QDate dateA = dates.value(a);
-                         const QDate dateB = dates.value(b);
-                         return dateA.isValid() && dateB.isValid() ? dateA > dateB : a > b;
-                     });
+        dated.append({payweek});
+    std::stable_sort(dated.begin(), dated.end(), isLater);
+    std::transform(dated.cbegin(), dated.cend(), payweeks.begin(),
+                   [](const DatedPayweek &key) { return key.payweek; });
 }
 
 QStringList itemTexts(const SqlStatement &row)
@@ -170,8 +179,8 @@ bool addSettlementItem(const QSqlDatabase &database, const QString &payweek, con
     const QString key = payweek.trimmed();
     const QString itemKind = normalizedKind(kind);
     const QString itemName = name.trimmed();
-    return DatabaseLocator::isTripsDatabaseOpen(database, error) && isPayweek(key, error)
-           && isKind(itemKind, error) && isNamed(itemName, error)
+    return DatabaseLocator::isTripsDatabaseOpen(database, error) && requirePayweek(key, error)
+           && requireKind(itemKind, error) && requireName(itemName, error)
            && runSql(database, insertItem, {key, itemKind, itemName, dollars}, error);
 }
 
@@ -184,7 +193,7 @@ bool updateSettlementItem(const QSqlDatabase &database, int id, const QString &k
         return false;
     if (id < 1)
         return fail(u"Select a settlement item first."_s, error);
-    if (!isKind(itemKind, error) || !isNamed(itemName, error))
+    if (!requireKind(itemKind, error) || !requireName(itemName, error))
         return false;
     SqlStatement update(database, updateItem);
     if (!update.run({itemKind, itemName, dollars, id}, error))
@@ -245,7 +254,7 @@ bool saveSettlementApr(const QSqlDatabase &database, const QString &payweek, dou
                        QString &error)
 {
     const QString key = payweek.trimmed();
-    if (!DatabaseLocator::isTripsDatabaseOpen(database, error) || !isPayweek(key, error))
+    if (!DatabaseLocator::isTripsDatabaseOpen(database, error) || !requirePayweek(key, error))
         return false;
     SqlStatement update(database, updateApr);
     if (!update.run({apr, key}, error))

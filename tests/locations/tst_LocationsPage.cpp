@@ -3,7 +3,6 @@
 #include "support/DialogRobot.h"
 #include "support/TableReaders.h"
 
-#include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLayout>
@@ -117,13 +116,16 @@ private Q_SLOTS:
         QCOMPARE(table->verticalHeader()->minimumSectionSize(), 28);
     }
 
-    void headersNameTheNineColumns()
+    void headersNameTheNineColumnsBeforeAFileIsOpenAndAfter()
     {
         Workspace workspace;
-        const LocationsWindow places(makeLocations(workspace, {albany}));
-        QCOMPARE(headers(places.table()),
-                 QStringList({u"Code ↕"_s, u"Name ↕"_s, u"Street ↕"_s, u"City ↕"_s, u"State ↕"_s,
-                              u"Zip ↕"_s, u"Lat ↕"_s, u"Lon ↕"_s, u"Notes ↕"_s}));
+        const LocationsWindow places;
+        const QStringList nine = {u"Code ↕"_s, u"Name ↕"_s,  u"Street ↕"_s,
+                                  u"City ↕"_s, u"State ↕"_s, u"Zip ↕"_s,
+                                  u"Lat ↕"_s,  u"Lon ↕"_s,   u"Notes ↕"_s};
+        QCOMPARE(headers(places.table()), nine);
+        places.page->openDatabase(makeLocations(workspace, {albany}));
+        QCOMPARE(headers(places.table()), nine);
     }
 
     void pageWorksWithoutAStatusLine()
@@ -400,6 +402,18 @@ private Q_SLOTS:
         const int needed = places.table()->fontMetrics().horizontalAdvance(longName);
         QVERIFY(before < needed);
         QVERIFY(places.table()->columnWidth(1) >= needed);
+    }
+
+    void noteOfSeveralLinesHidesNoLongerOneOfASingleLine()
+    {
+        Workspace workspace;
+        const QString manyLines = QStringList(40, u"Ring twice"_s).join(u'\n');
+        const QString oneLine = u"Back in at the third gate behind the scale, and ring twice"_s;
+        const QString path = makeLocations(
+            workspace, {locationWith(8, manyLines), coded(u"NEW2"_s, locationWith(8, oneLine))});
+        const LocationsWindow places(path);
+        QVERIFY(places.table()->columnWidth(8)
+                >= places.table()->fontMetrics().horizontalAdvance(oneLine));
     }
 
     void textStandsAsItIsStored_data()

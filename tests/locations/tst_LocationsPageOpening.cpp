@@ -129,6 +129,18 @@ private Q_SLOTS:
         QCOMPARE(places.statuses, QStringList());
     }
 
+    void blankPathLeavesTheFileThatWasOpen()
+    {
+        Workspace workspace;
+        DialogRobot robot;
+        const LocationsWindow places(makeLocations(workspace, {albany}));
+        robot.expect(DialogRobot::Critical, u"Database Error"_s, u"Database path is blank."_s);
+        places.page->openDatabase(u"  "_s);
+        QCOMPARE(places.statuses, QStringList());
+        places.clicks(u"Refresh"_s);
+        QCOMPARE(places.statuses, QStringList({u"Loaded 1 locations"_s}));
+    }
+
     void fileThatCannotBeListedIsToldAndStaysOpen_data()
     {
         QTest::addColumn<QString>("sql");

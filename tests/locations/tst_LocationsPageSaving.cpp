@@ -253,6 +253,42 @@ private Q_SLOTS:
         QCOMPARE(stored(path), QList<QStringList>({albany, coded(u"DAL5"_s, dallas)}));
     }
 
+    void changeOfACodeStoredWithBlanksAroundItIsAddedBesideIt()
+    {
+        Workspace workspace;
+        const QStringList padded = coded(u" ALB1 "_s, albany);
+        const QString path = makeLocations(workspace, {padded});
+        LocationsWindow places(path);
+        places.edits(0);
+        QCOMPARE(places.form(), padded);
+        QCOMPARE(places.statuses, QStringList({u"Editing location: ALB1"_s}));
+        places.types("locationNameField", u"Gate 9"_s);
+        places.statuses.clear();
+        places.clicks(saveButton);
+        QStringList added = albany;
+        added[1] = u"Gate 9"_s;
+        QCOMPARE(stored(path), QList<QStringList>({padded, added}));
+        QCOMPARE(places.statuses,
+                 QStringList({u"Updated location: ALB1"_s, u"Loaded 2 locations"_s}));
+        // The first row with this code, blanks apart, is the one that is shown.
+        QCOMPARE(places.selection(), QList<int>({0, 0}));
+        QCOMPARE(places.form(), padded);
+    }
+
+    void entryDoesNotOverwriteACodeStoredWithBlanksAroundIt()
+    {
+        Workspace workspace;
+        const QStringList padded = coded(u" ALB1 "_s, albany);
+        const QString path = makeLocations(workspace, {padded});
+        const LocationsWindow places(path);
+        places.clicks(newButton);
+        places.types("locationCodeField", u"ALB1"_s);
+        places.clicks(saveButton);
+        QCOMPARE(stored(path), QList<QStringList>({padded, coded(u"ALB1"_s, nothing)}));
+        QCOMPARE(places.form(), padded);
+        QCOMPARE(places.mode(), u"Edit"_s);
+    }
+
     void locationThatAnotherProgramDeletedComesBack()
     {
         Workspace workspace;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "settlements/BoxReaders.h"
 #include "settlements/ViewPayweekPage.h"
 #include "support/Person.h"
 
@@ -59,14 +60,8 @@ public:
         return found;
     }
 
-    /// The payweeks that the box offers, from top to bottom.
-    [[nodiscard]] QStringList offered() const
-    {
-        QStringList payweeks;
-        for (int i = 0; i < box()->count(); ++i)
-            payweeks.append(box()->itemText(i));
-        return payweeks;
-    }
+    /// The payweeks that the box offers.
+    [[nodiscard]] QStringList offered() const { return offeredBy(box()); }
 
     /// Rows and columns of the trips, then of the items.
     [[nodiscard]] QList<int> tableSizes() const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/SqlStatement.h"
+#include "settlements/BoxReaders.h"
 #include "settlements/EditSettlementPage.h"
 #include "support/Person.h"
 #include "support/RowMakers.h"
@@ -76,14 +77,6 @@ public:
                 name()->currentText(), amount()->text()};
     }
 
-    [[nodiscard]] static QStringList offered(const QComboBox *box)
-    {
-        QStringList entries;
-        for (int i = 0; i < box->count(); ++i)
-            entries.append(box->itemText(i));
-        return entries;
-    }
-
     /// The rows that are marked, and the current row.
     [[nodiscard]] QList<int> selection() const
     {
@@ -104,9 +97,31 @@ public:
     QStringList statuses;
 };
 
+inline const QString week = QStringLiteral("04/18/2026");
+inline const QString newMode = QStringLiteral("New settlement item mode.");
+
 /// The editor of an item that is not stored yet.
 inline const QStringList newItem = {
     QStringLiteral("(new item)"), QStringLiteral("revenue"), {}, {}};
+
+/// The editor of the first item of makeWeek().
+inline const QStringList permit = {QStringLiteral("1"), QStringLiteral("expense"),
+                                   QStringLiteral("Permit"), QStringLiteral("1234.50")};
+
+// The items of makeWeek() as storedItems() gives them.
+inline const QStringList storedPermit = {week, QStringLiteral("expense"), QStringLiteral("Permit"),
+                                         QStringLiteral("1234.5")};
+inline const QStringList storedBonus = {week, QStringLiteral("revenue"), QStringLiteral("Bonus"),
+                                        QStringLiteral("250")};
+
+/// A trips.db with a week of two items: 1 Permit and 2 Bonus, which stand in this order.
+inline QString makeWeek(Workspace &workspace)
+{
+    QString path = workspace.makeTrips();
+    expense(week, QStringLiteral("Permit"), 1234.5).insert(workspace);
+    revenue(week, QStringLiteral("Bonus"), 250.0).insert(workspace);
+    return path;
+}
 
 /// Every stored item: payweek, kind, name, amount.
 inline QList<QStringList> storedItems(const Workspace &workspace)
@@ -116,7 +131,7 @@ inline QList<QStringList> storedItems(const Workspace &workspace)
 }
 
 /// Runs a statement on the page's own connection, where a pragma has its effect.
-inline void onTheSettlementConnection(const QString &sql)
+inline void onThePagesConnection(const QString &sql)
 {
     QString error;
     const QString connection = QStringLiteral("settlement_trips_connection");

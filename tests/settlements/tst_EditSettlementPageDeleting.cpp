@@ -8,21 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString week = u"04/18/2026"_s;
-const QString newMode = u"New settlement item mode."_s;
 const QString deleteFailed = u"Delete Settlement Item Failed"_s;
-const QStringList permit = {u"1"_s, u"expense"_s, u"Permit"_s, u"10.00"_s};
-const QStringList storedPermit = {week, u"expense"_s, u"Permit"_s, u"10"_s};
-const QStringList storedBonus = {week, u"revenue"_s, u"Bonus"_s, u"250"_s};
-
-/// A week of two items: 1 Permit and 2 Bonus, which stand in this order.
-QString makeWeek(Workspace &workspace)
-{
-    QString path = workspace.makeTrips();
-    expense(week, u"Permit"_s, 10.0).insert(workspace);
-    revenue(week, u"Bonus"_s, 250.0).insert(workspace);
-    return path;
-}
 
 DialogRobot::Expectation expectQuestion(DialogRobot &robot, const QString &name = u"Permit"_s)
 {
@@ -68,9 +54,9 @@ private Q_SLOTS:
         view.clicksItem(0);
         expectQuestion(robot).press(u"Yes"_s);
         view.clicks(u"Delete Selected"_s);
-        QCOMPARE(view.offered(view.name()), QStringList({u"Bonus"_s, u"Permit"_s}));
+        QCOMPARE(offeredBy(view.name()), QStringList({u"Bonus"_s, u"Permit"_s}));
         view.clicks(u"Refresh"_s);
-        QCOMPARE(view.offered(view.name()), QStringList({u"Bonus"_s}));
+        QCOMPARE(offeredBy(view.name()), QStringList({u"Bonus"_s}));
     }
 
     void lastItemLeavesAnEmptyPayweekThatIsStillShown()
@@ -225,7 +211,7 @@ private Q_SLOTS:
         SettlementWindow view(makeWeek(workspace));
         view.clicksItem(0);
         view.statuses.clear();
-        onTheSettlementConnection(damage);
+        onThePagesConnection(damage);
         expectQuestion(robot).press(u"Yes"_s);
         robot.expectContaining(DialogRobot::Critical, deleteFailed, reason);
         view.clicks(u"Delete Selected"_s);
@@ -241,8 +227,7 @@ private Q_SLOTS:
         DialogRobot robot;
         const QString path = makeWeek(workspace);
         const SettlementWindow view(path);
-        onTheSettlementConnection(
-            u"PRAGMA busy_timeout = 0"_s); // and not the driver's five seconds
+        onThePagesConnection(u"PRAGMA busy_timeout = 0"_s); // and not the driver's five seconds
         view.clicksItem(0);
         {
             const TestConnection other(path);

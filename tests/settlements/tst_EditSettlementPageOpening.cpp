@@ -4,7 +4,7 @@
 #include "support/ReadingOrder.h"
 #include "support/TableReaders.h"
 
-#include <QFormLayout>
+#include <QBoxLayout>
 #include <QScrollArea>
 #include <QSqlDatabase>
 
@@ -36,6 +36,7 @@ private Q_SLOTS:
         QCOMPARE(view.editor(), QStringList({u"(no item selected)"_s, u"revenue"_s, u""_s, u""_s}));
         QCOMPARE(view.payweeks()->count(), 0);
         QCOMPARE(view.rate()->value(), 0.0);
+        QCOMPARE(headers(view.table()), QStringList());
         QCOMPARE(view.table()->rowCount(), 0);
         QCOMPARE(view.statuses, QStringList());
         QCOMPARE(robot.seen().size(), 0);
@@ -129,6 +130,24 @@ private Q_SLOTS:
         QCOMPARE(parts->spacing(), 10);
     }
 
+    void pageAndItsRowsOfButtonsEndInEmptySpace()
+    {
+        const Workspace workspace;
+        const SettlementWindow view;
+        const QLayout *parts = view.page->findChild<QScrollArea *>()->widget()->layout();
+        const auto lastOf = [](const QLayout *layout) {
+            return layout->itemAt(layout->count() - 1)->spacerItem();
+        };
+        QVERIFY(lastOf(parts));
+        QVERIFY(lastOf(parts)->expandingDirections() & Qt::Vertical);
+        const auto rows = parts->findChildren<QHBoxLayout *>(Qt::FindDirectChildrenOnly);
+        QCOMPARE(rows.size(), 2);
+        for (const QHBoxLayout *row : rows) {
+            QVERIFY(lastOf(row));
+            QVERIFY(lastOf(row)->expandingDirections() & Qt::Horizontal);
+        }
+    }
+
     void headingIsBoldAndLarger()
     {
         const Workspace workspace;
@@ -201,9 +220,9 @@ private Q_SLOTS:
         apr(u"04/25/2026"_s, 5.5).insert(workspace);
         const SettlementWindow view;
         view.page->openDatabase(path);
-        QCOMPARE(view.offered(view.payweeks()), QStringList({u"04/25/2026"_s, u"04/18/2026"_s}));
+        QCOMPARE(offeredBy(view.payweeks()), QStringList({u"04/25/2026"_s, u"04/18/2026"_s}));
         QCOMPARE(view.payweeks()->currentText(), u"04/25/2026"_s);
-        QCOMPARE(view.offered(view.name()), QStringList({u"ELD"_s, u"Permit"_s}));
+        QCOMPARE(offeredBy(view.name()), QStringList({u"ELD"_s, u"Permit"_s}));
         QCOMPARE(view.rate()->value(), 5.5);
         QCOMPARE(column(view.table(), u"Name"_s), QStringList({u"ELD"_s}));
         QCOMPARE(view.editor(), newItem);
@@ -281,6 +300,36 @@ private Q_SLOTS:
         QCOMPARE(view.statuses, QStringList());
     }
 
+    void fileThatDoesNotOpenAfterOneThatDidLeavesWhatIsShownButNoFile()
+    {
+        Workspace workspace;
+        DialogRobot robot;
+        SettlementWindow view(makeWeek(workspace));
+        view.clicksItem(0);
+        view.statuses.clear();
+        robot.expectContaining(DialogRobot::Critical, u"Database Error"_s,
+                               u"unable to open database file"_s);
+        view.page->openDatabase(u"no such folder/trips.db"_s);
+        QCOMPARE(column(view.table(), u"Name"_s), QStringList({u"Permit"_s, u"Bonus"_s}));
+        QCOMPARE(view.editor(), permit);
+        QCOMPARE(view.payweeks()->currentText(), week);
+        QCOMPARE(view.statuses, QStringList());
+        view.clicks(u"Refresh"_s);
+        QCOMPARE(view.summary(), u"Summary: open trips.db first."_s);
+    }
+
+    void blankPathLeavesTheFileThatWasOpen()
+    {
+        Workspace workspace;
+        DialogRobot robot;
+        SettlementWindow view(makeWeek(workspace));
+        robot.expect(DialogRobot::Critical, u"Database Error"_s, u"Database path is blank."_s);
+        view.page->openDatabase(u"  "_s);
+        QCOMPARE(view.statuses, QStringList());
+        view.clicks(u"Refresh"_s);
+        QCOMPARE(view.statuses.last(), u"Loaded 2 settlement rows for 04/18/2026"_s);
+    }
+
     void fileThatIsNoDatabaseFailsInItsPayweeksAndIsNotTouched()
     {
         Workspace workspace;
@@ -328,6 +377,23 @@ private Q_SLOTS:
         QCOMPARE(view.summary(), u"Summary: open trips.db first."_s);
         QCOMPARE(view.table()->rowCount(), 0);
         QCOMPARE(view.editor(), newItem);
+        QCOMPARE(robot.seen().size(), 0);
+    }
+
+    void payweekChosenAfterTheFileWasClosedFailsInNothing()
+    {
+        Workspace workspace;
+        const DialogRobot robot;
+        const QString path = makeWeek(workspace);
+        trip().payweek(u"04/25/2026"_s).insert(workspace);
+        apr(u"04/25/2026"_s, 5.5).insert(workspace);
+        SettlementWindow view(path);
+        DatabaseLocator::closeAllSqliteConnections();
+        view.chooses(week);
+        QCOMPARE(view.statuses, QStringList({newMode}));
+        QCOMPARE(view.summary(), u"Summary: open trips.db first."_s);
+        QCOMPARE(offeredBy(view.name()), QStringList());
+        QCOMPARE(view.rate()->value(), 0.0);
         QCOMPARE(robot.seen().size(), 0);
     }
 

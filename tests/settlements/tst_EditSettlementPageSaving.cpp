@@ -8,20 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString week = u"04/18/2026"_s;
-const QString newMode = u"New settlement item mode."_s;
 const QString saveFailed = u"Save Settlement Item Failed"_s;
-const QStringList storedPermit = {week, u"expense"_s, u"Permit"_s, u"10"_s};
-const QStringList storedBonus = {week, u"revenue"_s, u"Bonus"_s, u"250"_s};
-
-/// A week of two items: 1 Permit and 2 Bonus, which stand in this order.
-QString makeWeek(Workspace &workspace)
-{
-    QString path = workspace.makeTrips();
-    expense(week, u"Permit"_s, 10.0).insert(workspace);
-    revenue(week, u"Bonus"_s, 250.0).insert(workspace);
-    return path;
-}
 
 void expectNoDatabase(DialogRobot &robot)
 {
@@ -82,8 +69,7 @@ private Q_SLOTS:
         const SettlementWindow view(makeWeek(workspace));
         view.typesName(u"Scale ticket"_s);
         view.clicks(u"Save Item"_s);
-        QCOMPARE(view.offered(view.name()),
-                 QStringList({u"Bonus"_s, u"Permit"_s, u"Scale ticket"_s}));
+        QCOMPARE(offeredBy(view.name()), QStringList({u"Bonus"_s, u"Permit"_s, u"Scale ticket"_s}));
     }
 
     void firstItemOfAPayweekTakesTheWordThatThereIsNoneAway()
@@ -136,7 +122,7 @@ private Q_SLOTS:
         view.clicks(u"Save Item"_s);
         QCOMPARE(column(view.table(), u"Name"_s), QStringList({u"Bonus"_s, u"Permit"_s}));
         QCOMPARE(view.selection(), QList<int>({1, 1}));
-        QCOMPARE(view.editor(), QStringList({u"1"_s, u"revenue"_s, u"Permit"_s, u"10.00"_s}));
+        QCOMPARE(view.editor(), QStringList({u"1"_s, u"revenue"_s, u"Permit"_s, u"1234.50"_s}));
     }
 
     void clearedEditorSavesAnItemOfItsOwn()
@@ -365,7 +351,7 @@ private Q_SLOTS:
         view.typesAmount(u"$12"_s);
         const QStringList editor = view.editor();
         view.statuses.clear();
-        onTheSettlementConnection(damage);
+        onThePagesConnection(damage);
         robot.expectContaining(DialogRobot::Critical, saveFailed, reason);
         view.clicks(u"Save Item"_s);
         QCOMPARE(robot.seen().size(), 1);
@@ -380,8 +366,7 @@ private Q_SLOTS:
         DialogRobot robot;
         const QString path = makeWeek(workspace);
         SettlementWindow view(path);
-        onTheSettlementConnection(
-            u"PRAGMA busy_timeout = 0"_s); // and not the driver's five seconds
+        onThePagesConnection(u"PRAGMA busy_timeout = 0"_s); // and not the driver's five seconds
         view.typesName(u"Scale"_s);
         view.statuses.clear();
         {
@@ -484,7 +469,7 @@ private Q_SLOTS:
         DialogRobot robot;
         SettlementWindow view(makeWeek(workspace));
         view.typesRate(u"5.5"_s);
-        onTheSettlementConnection(damage);
+        onThePagesConnection(damage);
         robot.expectContaining(DialogRobot::Critical, u"Save APR Failed"_s, reason);
         view.clicks(u"Save APR"_s);
         QCOMPARE(robot.seen().size(), 1);

@@ -1,3 +1,4 @@
+#include "settlements/BoxReaders.h"
 #include "settlements/SettlementItemForm.h"
 #include "support/Person.h"
 #include "support/Workspace.h"
@@ -37,14 +38,6 @@ public:
     {
         return {named<QLabel>("settlementItemId")->text(), kind()->currentText(),
                 name()->currentText(), amount()->text()};
-    }
-
-    [[nodiscard]] QStringList offered() const
-    {
-        QStringList names;
-        for (int i = 0; i < name()->count(); ++i)
-            names.append(name()->itemText(i));
-        return names;
     }
 
     template <typename Widget>
@@ -99,9 +92,7 @@ private Q_SLOTS:
         const Workspace workspace;
         const FormWindow view;
         QVERIFY(!view.kind()->isEditable());
-        QCOMPARE(view.kind()->count(), 2);
-        QCOMPARE(view.kind()->itemText(0), u"revenue"_s);
-        QCOMPARE(view.kind()->itemText(1), u"expense"_s);
+        QCOMPARE(offeredBy(view.kind()), QStringList({u"revenue"_s, u"expense"_s}));
         Person::chooses(view.kind(), u"expense"_s);
         QCOMPARE(view.form->kind(), u"expense"_s);
     }
@@ -116,7 +107,7 @@ private Q_SLOTS:
         view.types(u"  Scale ticket "_s);
         QTest::keyClick(view.name()->lineEdit(), Qt::Key_Return);
         QCOMPARE(view.form->name(), u"Scale ticket"_s);
-        QCOMPARE(view.offered(), QStringList({u"Permit"_s, u"Tolls"_s}));
+        QCOMPARE(offeredBy(view.name()), QStringList({u"Permit"_s, u"Tolls"_s}));
     }
 
     void offeredNamesAreProposedBesideTheTextAndNotWithinIt()
@@ -208,7 +199,7 @@ private Q_SLOTS:
         QCOMPARE(view.form->selectedItemId(), 0);
         QVERIFY(view.name()->hasFocus() || view.name()->lineEdit()->hasFocus());
         QVERIFY(!view.amount()->hasFocus());
-        QCOMPARE(view.offered(), QStringList({u"Permit"_s, u"Tolls"_s}));
+        QCOMPARE(offeredBy(view.name()), QStringList({u"Permit"_s, u"Tolls"_s}));
     }
 
     void typedNameOutlastsTheOneThatIsOffered()
@@ -219,10 +210,10 @@ private Q_SLOTS:
         view.types(u" Scale "_s);
         view.form->offerNames({u"Bonus"_s, u"Tolls"_s});
         QCOMPARE(view.name()->currentText(), u"Scale"_s);
-        QCOMPARE(view.offered(), QStringList({u"Bonus"_s, u"Tolls"_s}));
+        QCOMPARE(offeredBy(view.name()), QStringList({u"Bonus"_s, u"Tolls"_s}));
         view.form->offerNames({});
         QCOMPARE(view.name()->currentText(), u"Scale"_s);
-        QCOMPARE(view.offered(), QStringList());
+        QCOMPARE(offeredBy(view.name()), QStringList());
     }
 
     void typedNameTakesTheSpellingThatIsOffered()

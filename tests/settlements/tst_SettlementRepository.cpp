@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
 using namespace SettlementRepository;
 
@@ -28,6 +30,49 @@ QStringList namesOf(const TestConnection &file, int year)
     if (!listSettlementItemNames(file.database(), year, names, error))
         QTest::qFail(qPrintable(error), __FILE__, __LINE__);
     return names;
+}
+
+double rateOf(const TestConnection &file, const QString &payweek)
+{
+    double percent = 9.0;
+    QString error;
+    if (!loadSettlementApr(file.database(), payweek, percent, error))
+        QTest::qFail(qPrintable(error), __FILE__, __LINE__);
+    return percent;
+}
+
+using Call = std::function<bool(const QSqlDatabase &, QString &)>;
+
+Call listingNames(int year)
+{
+    return [year](const QSqlDatabase &database, QString &error) {
+        QStringList names;
+        return listSettlementItemNames(database, year, names, error);
+    };
+}
+
+Call loadingItems(const QString &payweek)
+{
+    return [payweek](const QSqlDatabase &database, QString &error) {
+        QList<QStringList> rows;
+        double sum = 0.0;
+        return loadSettlementItems(database, payweek, rows, sum, sum, error);
+    };
+}
+
+Call loadingRate(const QString &payweek)
+{
+    return [payweek](const QSqlDatabase &database, QString &error) {
+        double percent = 0.0;
+        return loadSettlementApr(database, payweek, percent, error);
+    };
+}
+
+Call savingRate(const QString &payweek)
+{
+    return [payweek](const QSqlDatabase &database, QString &error) {
+        return saveSettlementApr(database, payweek, 4.0, error);
+    };
 }
 
 /// What a load gave.
@@ -78,6 +123,26 @@ private Q_SLOTS:
             expense(payweek, u"ELD"_s, 9.25).insert(workspace);
         QCOMPARE(payweeksOf(file), QStringList({u"before"_s, u"AFTER"_s, u"2026-01-09"_s,
                                                 u"1/2/2026"_s, u"12/26/2025"_s}));
+    }
+
+    void textsThatAreNoDatesStandInBinaryOrderAmongTheDates()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        for (const QString &payweek : {u"BANANA"_s, u"(old)"_s, week, u"apple"_s})
+            trip().payweek(payweek).insert(workspace);
+        QCOMPARE(payweeksOf(file), QStringList({u"apple"_s, u"BANANA"_s, week, u"(old)"_s}));
+    }
+
+    void payweeksThatAreWrittenInTwoWaysAreListedSideBySide()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        trip().payweek(u"4/18/2026"_s).insert(workspace);
+        trip().payweek(u"Week A"_s).insert(workspace);
+        expense(week, u"ELD"_s, 9.25).insert(workspace);
+        expense(u"week a"_s, u"ELD"_s, 9.25).insert(workspace);
+        QCOMPARE(payweeksOf(file), QStringList({u"week a"_s, u"Week A"_s, u"4/18/2026"_s, week}));
     }
 
     void payweeksOfAFileWithoutATableAreTheDriversText()
@@ -248,6 +313,15 @@ private Q_SLOTS:
         QCOMPARE(namesOf(file, 2025), QStringList({u"Old"_s}));
     }
 
+    void namesStandInOrderWhateverTheirCase()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        for (const QString &name : {u"cones"_s, u"Bonus"_s, u"axle"_s})
+            expense(week, name, 1.0).insert(workspace);
+        QCOMPARE(namesOf(file, 2026), QStringList({u"axle"_s, u"Bonus"_s, u"cones"_s}));
+    }
+
     void noYearHasNoNames()
     {
         Workspace workspace;
@@ -287,6 +361,34 @@ private Q_SLOTS:
         QVERIFY(saveSettlementApr(file.database(), week, 5.5, error));
         QCOMPARE(workspace.rows(u"SELECT settlement_date, apr FROM settlement_meta"_s),
                  QList<QStringList>({{u" 04/18/2026 "_s, u"5.5"_s}}));
+    }
+
+    void rateOfSeveralRowsIsThatOfTheFirst()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        apr(u" 04/18/2026 "_s, 4.25).insert(workspace);
+        apr(week, 3.0).insert(workspace);
+        QCOMPARE(rateOf(file, week), 4.25);
+    }
+
+    void rateThatIsTextReadsAsTheNumberThatItBeginsWith_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<double>("percent");
+        QTest::newRow("per cent") << u"4.5%"_s << 4.5;
+        QTest::newRow("blanks in front") << u"  4.5 a year"_s << 4.5;
+        QTest::newRow("words") << u"none"_s << 0.0;
+        QTest::newRow("empty") << u""_s << 0.0;
+    }
+
+    void rateThatIsTextReadsAsTheNumberThatItBeginsWith()
+    {
+        QFETCH(const QString, text);
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        apr(week, 0.0).set(u"apr"_s, text).insert(workspace);
+        QTEST(rateOf(file, week), "percent");
     }
 
     void everyRowOfAPayweekTakesTheRate()
@@ -335,6 +437,44 @@ private Q_SLOTS:
         QCOMPARE(error, u"Settlement / payweek is required."_s);
         QVERIFY(loadSettlementApr(file.database(), u" "_s, rate, error));
         QCOMPARE(rate, 0.0);
+        QCOMPARE(error, QString());
+    }
+
+    void callThatGoesWellLeavesNoErrorOfAnEarlierOne_data()
+    {
+        QTest::addColumn<Call>("call");
+        QTest::newRow("payweeks") << Call([](const QSqlDatabase &database, QString &error) {
+            QStringList payweeks;
+            return listSettlementPayweeks(database, payweeks, error);
+        });
+        QTest::newRow("items") << loadingItems(week);
+        QTest::newRow("items of no payweek") << loadingItems(u" "_s);
+        QTest::newRow("added item") << Call([](const QSqlDatabase &database, QString &error) {
+            return addSettlementItem(database, week, u"expense"_s, u"Tolls"_s, 1.0, error);
+        });
+        QTest::newRow("changed item") << Call([](const QSqlDatabase &database, QString &error) {
+            return updateSettlementItem(database, 1, u"expense"_s, u"Tolls"_s, 1.0, error);
+        });
+        QTest::newRow("deleted item") << Call([](const QSqlDatabase &database, QString &error) {
+            return deleteSettlementItem(database, 1, error);
+        });
+        QTest::newRow("names") << listingNames(2026);
+        QTest::newRow("names of no year") << listingNames(0);
+        QTest::newRow("rate") << loadingRate(week);
+        QTest::newRow("rate of no payweek") << loadingRate(u" "_s);
+        QTest::newRow("changed rate") << savingRate(week);
+        QTest::newRow("first rate") << savingRate(u"04/25/2026"_s);
+    }
+
+    void callThatGoesWellLeavesNoErrorOfAnEarlierOne()
+    {
+        QFETCH(const Call, call);
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        expense(week, u"ELD"_s, 9.25).insert(workspace);
+        apr(week, 4.25).insert(workspace);
+        QString error = u"left over"_s;
+        QVERIFY(call(file.database(), error));
         QCOMPARE(error, QString());
     }
 
