@@ -11,10 +11,12 @@ public:
     /// How a connection comes to be; one of DatabaseLocator's open...Connection functions.
     using Open = QSqlDatabase (*)(const QString &connectionName, QString &error);
 
-    /// Opens at once. A name whose open failed stays registered until the next call replaces it.
+    /// Opens at once; without a connection the reason is in `error`. A name whose open failed stays
+    /// registered until the next call replaces it.
     OneCallConnection(const QString &connectionName, Open open, QString &error);
 
-    /// Opens the file at `path`; without a connection the driver's text is in `error`.
+    /// Opens the file at `path` at once; without a connection the reason is in `error`. A name
+    /// whose open failed goes with the scope, as any other.
     OneCallConnection(const QString &connectionName, const QString &path, QString &error);
     ~OneCallConnection();
     Q_DISABLE_COPY_MOVE(OneCallConnection)

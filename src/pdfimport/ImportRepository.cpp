@@ -96,8 +96,10 @@ public:
     {
     }
 
-    /// Why there can be no import; empty if there can be.
-    QString reasonToBlock(const QString &blocked);
+    /// Looks at the settlement, opens the file, makes the tables that it lacks, and asks the
+    /// guards. Gives the first thing that stands in the way of an import, behind `blocked` unless
+    /// a guard words it; empty if nothing does.
+    [[nodiscard]] QString openAndCheck(const QString &blocked);
 
     [[nodiscard]] const QSqlDatabase &database() const { return trips->database(); }
 
@@ -111,7 +113,7 @@ private:
     std::optional<OneCallConnection> trips;
 };
 
-QString CheckedImport::reasonToBlock(const QString &blocked)
+QString CheckedImport::openAndCheck(const QString &blocked)
 {
     if (parsed.payweek.trimmed().isEmpty())
         return blocked + "parsed payweek is blank."_L1;
@@ -244,7 +246,7 @@ ImportResult previewImport(const SettlementParseResult &parsed)
 {
     ImportResult result;
     CheckedImport import(parsed, u"import_repository_preview_connection"_s);
-    if (const QString reason = import.reasonToBlock(u"Dry-run blocked: "_s); !reason.isEmpty())
+    if (const QString reason = import.openAndCheck(u"Dry-run blocked: "_s); !reason.isEmpty())
         return failed(result, reason);
     const LeftOut leftOut = countRows(import, result);
     result.success = true;
@@ -258,7 +260,7 @@ ImportResult applyImport(const SettlementParseResult &parsed)
 {
     ImportResult result;
     CheckedImport import(parsed, u"import_repository_connection"_s);
-    if (const QString reason = import.reasonToBlock(u"Import blocked: "_s); !reason.isEmpty())
+    if (const QString reason = import.openAndCheck(u"Import blocked: "_s); !reason.isEmpty())
         return failed(result, reason);
     QString error;
     SqlTransaction transaction(import.database());

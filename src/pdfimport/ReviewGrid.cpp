@@ -4,6 +4,7 @@
 #include "pdfimport/SettlementParser.h"
 
 #include <QHeaderView>
+#include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
 
@@ -44,6 +45,7 @@ ReviewGrid::ReviewGrid(QWidget *parent)
 
 void ReviewGrid::showRows(const QList<FuelReviewRow> &rows)
 {
+    const QSignalBlocker quiet(this);
     setRowCount(0);
     setRowCount(static_cast<int>(rows.size()));
     int line = 0;

@@ -13,7 +13,8 @@ class ReviewGrid : public QTableWidget
 public:
     explicit ReviewGrid(QWidget *parent = nullptr);
 
-    /// Shows the rows in their order; none is selected afterwards.
+    /// Shows the rows in their order; none is selected afterwards. No signal tells of it, so that
+    /// what is being typed about the row that was selected stays.
     void showRows(const QList<FuelReviewRow> &rows);
 
     /// The identity of the selected row; 0 without one.

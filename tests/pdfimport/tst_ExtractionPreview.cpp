@@ -76,6 +76,15 @@ private Q_SLOTS:
                  QList<QStringList>({{u"1"_s, u"first page of two"_s}, {u"2"_s, u"second"_s}}));
     }
 
+    void pageNumbersTakeNoMoreRoomThanTheyNeed()
+    {
+        const Workspace workspace;
+        ExtractionPreview preview;
+        preview.showSettlement(twoPages());
+        const auto *pages = preview.findChild<QTableWidget *>();
+        QVERIFY(pages->columnWidth(0) < pages->horizontalHeader()->defaultSectionSize());
+    }
+
     void headerOfALongPageStaysInSight()
     {
         const Workspace workspace;

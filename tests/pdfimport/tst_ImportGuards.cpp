@@ -111,6 +111,23 @@ private Q_SLOTS:
         QCOMPARE(file.answers(reviewed()), u""_s);
     }
 
+    void firstOfTwoMatchesIsTheOneNamed_data()
+    {
+        QTest::addColumn<HistoryRow>("logged");
+        QTest::addColumn<QString>("answer");
+        QTest::newRow("content") << ofSameContent << sameContent;
+        QTest::newRow("name") << ofSameName << sameName;
+        QTest::newRow("rows") << ofSameRows << sameRows;
+    }
+
+    void firstOfTwoMatchesIsTheOneNamed()
+    {
+        QFETCH(const HistoryRow, logged);
+        QFETCH(const QString, answer);
+        const GuardedFile file({logged, logged});
+        QCOMPARE(file.answers(reviewed()), answer);
+    }
+
     void importWithoutAHashIsNoMatchForAnother()
     {
         HistoryRow empty = ofAnother;
@@ -141,6 +158,18 @@ private Q_SLOTS:
         SettlementParseResult settlement = reviewed();
         settlement.pdfPath = pdfPath;
         QCOMPARE(file.answers(settlement), blocked ? sameName : u""_s);
+    }
+
+    void blankPathIsANameLikeAnyOther()
+    {
+        const GuardedFile file({ofSameName});
+        SettlementParseResult settlement = reviewed();
+        settlement.pdfPath.clear();
+        QCOMPARE(file.answers(settlement), u""_s);
+        file.trips.execute(u"UPDATE settlement_import_log SET pdf_name = ''"_s);
+        QCOMPARE(file.answers(settlement),
+                 u"Duplicate blocked: PDF name '' was already imported for payweek 04/18/2026 as "
+                 "history ID 1 on 2026-04-20 14:05:09."_s);
     }
 
     void payweekAndTruckAreTrimmedAndThenComparedAsTheyAre_data()
@@ -220,6 +249,31 @@ private Q_SLOTS:
         QCOMPARE(file.answers(settlement),
                  u"Duplicate blocked: PDF name '%3 %2 %1.pdf' was already imported for payweek "
                  "04/18/2026 as history ID 1 on 2026-04-20 14:05:09."_s);
+    }
+
+    void percentSignsInWhatTheContentIsKnownByStayAsTheyAre()
+    {
+        HistoryRow logged = ofSameContent;
+        logged.payweek = u"%4 %2"_s;
+        logged.pdfName = u"%3 %1.pdf"_s;
+        const GuardedFile file({logged});
+        QCOMPARE(file.answers(reviewed()),
+                 u"Duplicate blocked: matching source content was already imported as history ID 1 "
+                 "on 2026-04-20 14:05:09 (payweek %4 %2, PDF %3 %1.pdf)."_s);
+    }
+
+    void percentSignsInTruckAndPayweekStayAsTheyAre()
+    {
+        HistoryRow logged = ofSameRows;
+        logged.truck = u"%2 %5"_s;
+        logged.payweek = u"%4 %2"_s;
+        const GuardedFile file({logged});
+        SettlementParseResult settlement = reviewed();
+        settlement.truckNumber = u"%2 %5"_s;
+        settlement.payweek = u"%4 %2"_s;
+        QCOMPARE(file.answers(settlement),
+                 u"Duplicate blocked: matching review rows were already imported for truck %2 %5 / "
+                 "payweek %4 %2 as history ID 1 on 2026-04-20 14:05:09 (PDF other.pdf)."_s);
     }
 
     void guardThatCannotBeAskedLeavesItToTheNext()

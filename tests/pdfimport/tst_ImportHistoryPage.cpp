@@ -4,6 +4,7 @@
 #include "support/Person.h"
 #include "support/TableReaders.h"
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QLayout>
 #include <QPlainTextEdit>
@@ -180,6 +181,18 @@ private Q_SLOTS:
                                       u"PDF Import"_s, u"week16.pdf"_s}}));
         QCOMPARE(history.grid()->currentRow(), 0);
         QCOMPARE(history.details(), exportDetails);
+    }
+
+    void columnsAreAsWideAsTheirTexts()
+    {
+        Workspace workspace;
+        makeLog(workspace);
+        const HistoryWindow history;
+        const QTableWidget *grid = history.grid();
+        const int unsized = grid->horizontalHeader()->defaultSectionSize();
+        QVERIFY(grid->columnWidth(0) < unsized);
+        QVERIFY(grid->columnWidth(4)
+                >= grid->fontMetrics().horizontalAdvance(u"Exported to /media/stick/trips.db"_s));
     }
 
     void clickedRowShowsItsDetails()

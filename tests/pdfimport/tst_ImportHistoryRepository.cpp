@@ -1,3 +1,4 @@
+#include "ConnectionLeftBehind.h"
 #include "HistoryRows.h"
 #include "pdfimport/ImportHistoryRepository.h"
 
@@ -6,9 +7,13 @@
 #include <QSqlDatabase>
 #include <QTest>
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
 
 namespace {
+
+using Call = std::function<void(QString &error)>;
 
 const QString notFound = u"trips.db was not found near the application."_s;
 const QString staleError = u"of the call before"_s;
@@ -77,6 +82,19 @@ private Q_SLOTS:
                                 "pragma_table_info('settlement_import_log') WHERE cid IN (0, 8)"_s),
                  QList<QStringList>({{u"id"_s, u"INTEGER"_s, u"0"_s, QString()},
                                      {u"payload_json"_s, u"TEXT"_s, u"1"_s, u"''"_s}}));
+    }
+
+    void idOfADeletedRowIsNeverGivenAgain()
+    {
+        using namespace ImportHistoryRepository;
+        Workspace workspace;
+        workspace.makeTrips();
+        workspace.execute(u"DROP TABLE settlement_import_log"_s);
+        QString error;
+        QVERIFY(logDatabaseActivity(u"Export Database"_s, u"trips.db"_s, u"done"_s, error));
+        QVERIFY(deleteRow(1, error));
+        QVERIFY(logDatabaseActivity(u"Export Database"_s, u"trips.db"_s, u"done"_s, error));
+        QCOMPARE(historyIds(workspace), QList<QStringList>({{u"2"_s}}));
     }
 
     void existingRowsStayWhenTheTableIsEnsured()
@@ -328,6 +346,33 @@ private Q_SLOTS:
         QVERIFY(!ImportHistoryRepository::deleteRow(1, error));
         QCOMPARE(error, u"the log is full Unable to fetch row"_s);
         QCOMPARE(historyIds(workspace), QList<QStringList>({{u"1"_s}}));
+        QCOMPARE(QSqlDatabase::connectionNames(), QStringList());
+    }
+
+    void connectionLeftBehindIsReplaced_data()
+    {
+        using namespace ImportHistoryRepository;
+        QTest::addColumn<Call>("call");
+        QTest::newRow("import_history_ensure_connection")
+            << Call([](QString &error) { ensureTable(error); });
+        QTest::newRow("import_history_load_connection")
+            << Call([](QString &error) { loadRows(error); });
+        QTest::newRow("database_activity_log_connection") << Call([](QString &error) {
+            logDatabaseActivity(u"Export Database"_s, u"trips.db"_s, u"done"_s, error);
+        });
+        QTest::newRow("import_history_delete_connection")
+            << Call([](QString &error) { deleteRow(1, error); });
+    }
+
+    void connectionLeftBehindIsReplaced()
+    {
+        QFETCH(const Call, call);
+        Workspace workspace;
+        workspace.makeTrips();
+        leaveBehind(QString::fromLatin1(QTest::currentDataTag()), workspace.makeLocations());
+        QString error = staleError;
+        call(error);
+        QCOMPARE(error, QString());
         QCOMPARE(QSqlDatabase::connectionNames(), QStringList());
     }
 

@@ -82,6 +82,14 @@ private Q_SLOTS:
         QCOMPARE(heading->font().pointSize(), window.page->font().pointSize() + 5);
     }
 
+    void introductionWraps()
+    {
+        const Workspace workspace;
+        const ImportWindow window;
+        const auto *introduction = qobject_cast<QLabel *>(sectionsOf(window)->itemAt(1)->widget());
+        QVERIFY(introduction->wordWrap());
+    }
+
     void controlsAndReviewStandInTheirOrder()
     {
         const Workspace workspace;
@@ -230,14 +238,12 @@ private Q_SLOTS:
         DialogRobot robot;
         const ImportWindow window;
         window.scans(robot, makePdf(u"week16.pdf"_s));
-        window.clicksRow(1);
         QVERIFY(QFile::remove(window.pdfPath()));
         robot.expect(DialogRobot::Warning, u"Extraction Failed"_s, u"PDF file does not exist."_s);
         window.clicks(scanButton);
         QCOMPARE(window.rows(), QList<QStringList>());
         QCOMPARE(window.pages(), QList<QStringList>());
         QCOMPARE(window.text(), QString());
-        QCOMPARE(window.fields(), noFields);
         QCOMPARE(window.summary(), u"Truck: (not found) | Payweek: (not found) | "
                                    "Fuel/DEF Rows: 0"_s);
         QCOMPARE(window.status(), u"Extracting PDF text..."_s);
@@ -297,6 +303,19 @@ private Q_SLOTS:
         QCOMPARE(window.fields(), noFields);
         robot.expect(DialogRobot::Warning, u"No PDF"_s, u"Choose a PDF first."_s);
         window.clicks(scanButton);
+    }
+
+    void clearEmptiesWhatWasTypedForNoRow()
+    {
+        const Workspace workspace;
+        const DialogRobot robot;
+        const ImportWindow window;
+        window.types("reviewTrip", u"4471203"_s);
+        window.types("reviewCost", u"9.99"_s);
+        QCOMPARE(window.marked(), QList<int>());
+        QVERIFY(window.fields() != noFields);
+        window.clicks(u"Clear"_s);
+        QCOMPARE(window.fields(), noFields);
     }
 
     void clickedRowStandsInTheEditor()
@@ -463,8 +482,40 @@ private Q_SLOTS:
         window.clicks(refreshButton);
         QCOMPARE(window.rows(), QList<QStringList>({shownTruckFuel, shownDef}));
         QCOMPARE(window.marked(), QList<int>());
-        QCOMPARE(window.fields(), noFields);
+        QCOMPARE(window.fields().at(6), u"412.80"_s);
         QCOMPARE(window.status(), parsedTwo);
+    }
+
+    void textInTheEditorStaysWhenTheRowsAreShownAgain_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<bool>("readable");
+        QTest::newRow("refresh") << refreshButton << true;
+        QTest::newRow("scan") << scanButton << true;
+        QTest::newRow("failed scan") << scanButton << false;
+    }
+
+    void textInTheEditorStaysWhenTheRowsAreShownAgain()
+    {
+        QFETCH(const QString, button);
+        QFETCH(const bool, readable);
+        const Workspace workspace;
+        workspace.linkTools();
+        DialogRobot robot;
+        const ImportWindow window;
+        window.scans(robot, makePdf(u"week16.pdf"_s));
+        window.clicksRow(0);
+        window.types("reviewCost", u"1,021.5"_s);
+        if (!readable) {
+            QVERIFY(QFile::remove(window.pdfPath()));
+            robot.expectContaining(DialogRobot::Warning, u"Extraction Failed"_s, u""_s);
+        }
+        window.clicks(button);
+        QCOMPARE(window.marked(), QList<int>());
+        QCOMPARE(window.fields(),
+                 QStringList({u"on"_s, u"Deduction Fuel"_s, u"fuel_detail"_s, u"4471203"_s,
+                              u"Truck Fuel"_s, u"412.80"_s, u"1,021.5"_s, u"-25.00"_s, u"100.000"_s,
+                              weekSixteen.at(1)}));
     }
 };
 

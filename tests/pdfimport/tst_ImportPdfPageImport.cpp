@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
@@ -108,6 +109,30 @@ public:
     }
 };
 
+/// Notes what the status says whenever a message box comes up.
+class StatusAtBoxes : public QObject
+{
+public:
+    explicit StatusAtBoxes(const ImportWindow &importWindow)
+        : window(importWindow)
+    {
+        qApp->installEventFilter(this);
+    }
+
+    QStringList statuses;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show && qobject_cast<QMessageBox *>(watched))
+            statuses.append(window.status());
+        return false;
+    }
+
+private:
+    const ImportWindow &window;
+};
+
 } // namespace
 
 /// A person previews and applies what they reviewed.
@@ -143,6 +168,23 @@ private Q_SLOTS:
         QCOMPARE(window.status(), u"Dry-run preview blocked. See pipeline log."_s);
         QCOMPARE(window.log(), QStringList({u""_s, u"IMPORT DRY-RUN PREVIEW"_s,
                                             u"----------------------"_s, blankPayweek}));
+    }
+
+    void statusTellsWhatRunsWhileABoxIsOpen()
+    {
+        Workspace workspace;
+        DialogRobot robot;
+        const ScannedWindow window(workspace, robot);
+        const StatusAtBoxes boxes(window);
+        robot.expectContaining(DialogRobot::Information, u"Dry-Run Preview"_s, u""_s);
+        window.clicks(previewButton);
+        window.applies(robot);
+        robot.expectContaining(DialogRobot::Warning, u"Import Blocked"_s, u""_s);
+        window.clicks(applyButton);
+        QCOMPARE(boxes.statuses, QStringList({u"Running dry-run import preview..."_s,
+                                              u"Running final dry-run before import..."_s,
+                                              u"Applying Fuel/DEF import..."_s,
+                                              u"Running final dry-run before import..."_s}));
     }
 
     void applyAsksWithTheLastDryRunBeforeIt()

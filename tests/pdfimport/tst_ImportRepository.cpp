@@ -1,3 +1,4 @@
+#include "ConnectionLeftBehind.h"
 #include "HistoryRows.h"
 #include "ImportedFile.h"
 #include "ReviewedSettlement.h"
@@ -46,20 +47,29 @@ void isBlocked(const Operation &operation, const SettlementParseResult &settleme
     QCOMPARE(result.historyId, 0);
 }
 
-const QStringList importIndexes = {
-    u"ix_settlement_import_log_pdf_payweek"_s, u"ix_settlement_import_log_source_hash"_s,
-    u"ix_settlement_import_log_truck_payweek"_s, u"ix_trip_detail_items_trip_group"_s};
+/// What an import needs, in the order in which it is made.
+const QStringList importSteps = {u"trip_detail_items"_s,
+                                 u"settlement_import_log"_s,
+                                 u"ix_settlement_import_log_truck_payweek"_s,
+                                 u"ix_settlement_import_log_source_hash"_s,
+                                 u"ix_settlement_import_log_pdf_payweek"_s,
+                                 u"ix_trip_detail_items_trip_group"_s};
 
-QStringList namesOf(const Workspace &workspace, const QString &type)
+/// Tables and indexes, the oldest first.
+QStringList namesAsMade(const Workspace &workspace)
 {
     QStringList names;
-    const QList<QStringList> rows =
-        workspace.rows(u"SELECT name FROM sqlite_master WHERE type = ? AND "
-                       "name NOT LIKE 'sqlite_%' ORDER BY name"_s,
-                       {type});
-    for (const QStringList &row : rows)
+    for (const QStringList &row : workspace.rows(u"SELECT name FROM sqlite_master WHERE "
+                                                 "name NOT LIKE 'sqlite_%' ORDER BY rowid"_s))
         names += row;
     return names;
+}
+
+/// A file with what a dry run makes in it.
+void makeImportTables(const Workspace &workspace)
+{
+    workspace.makeFile(u"trips.db"_s, "");
+    QCOMPARE(previewImport(reviewed()).success, true);
 }
 
 /// Name, type, NOT NULL and default of each column.
@@ -67,14 +77,6 @@ QList<QStringList> columnsOf(const Workspace &workspace, const QString &table)
 {
     return workspace.rows(u"SELECT name, type, \"notnull\", dflt_value FROM pragma_table_info(?)"_s,
                           {table});
-}
-
-/// A connection that an earlier run has left behind, open on a file of another kind.
-void leaveBehind(const QString &connection, const QString &path)
-{
-    QSqlDatabase database = QSqlDatabase::addDatabase(u"QSQLITE"_s, connection);
-    database.setDatabaseName(path);
-    QVERIFY(database.open());
 }
 
 } // namespace
@@ -163,26 +165,42 @@ private Q_SLOTS:
                       + u"could not ensure import tables: no such column: source_hash Unable to "
                         "execute statement"_s);
         // What came before the failing step stays, and none behind it was tried.
-        QCOMPARE(namesOf(workspace, u"table"_s),
-                 QStringList({u"settlement_import_log"_s, u"trip_detail_items"_s}));
-        QCOMPARE(namesOf(workspace, u"index"_s),
-                 QStringList(u"ix_settlement_import_log_truck_payweek"_s));
+        QCOMPARE(namesAsMade(workspace),
+                 QStringList({u"settlement_import_log"_s, u"trip_detail_items"_s,
+                              u"ix_settlement_import_log_truck_payweek"_s}));
     }
 
-    void nameThatIsTakenStopsTheTablesBehindIt_data() { bothOperationsAsRows(); }
-    void nameThatIsTakenStopsTheTablesBehindIt()
+    void nameThatIsTakenStopsTheStepsBehindIt_data()
     {
-        Workspace workspace;
-        QFETCH(const Operation, operation);
+        QTest::addColumn<int>("before");
+        QTest::addColumn<QString>("taking");
+        QTest::addColumn<QString>("reason");
+        const QString index = u"CREATE INDEX %1 ON trips(trip_no)"_s;
+        const QString table = u"CREATE TABLE %1 (id INTEGER PRIMARY KEY)"_s;
+        for (int before = 0; before < 6; ++before) {
+            // A table finds its name taken by an index, and an index by a table.
+            const bool forTable = before < 2;
+            const QString &name = importSteps.at(before);
+            QTest::newRow(qPrintable(name))
+                << before << (forTable ? index : table).arg(name)
+                << (forTable ? u"an index named "_s : u"a table named "_s) + name;
+        }
+    }
+
+    void nameThatIsTakenStopsTheStepsBehindIt()
+    {
+        QFETCH(const int, before);
+        QFETCH(const QString, taking);
+        QFETCH(const QString, reason);
+        const Workspace workspace;
         workspace.makeFile(u"trips.db"_s, "");
         workspace.execute(u"CREATE TABLE trips (id INTEGER PRIMARY KEY, trip_no TEXT)"_s);
-        workspace.execute(u"CREATE INDEX settlement_import_log ON trips(trip_no)"_s);
-        isBlocked(operation, reviewed(),
-                  operation.blocked
-                      + u"could not ensure import tables: there is already an index named "
-                        "settlement_import_log Unable to execute statement"_s);
-        QCOMPARE(namesOf(workspace, u"table"_s), QStringList({u"trip_detail_items"_s, u"trips"_s}));
-        QCOMPARE(namesOf(workspace, u"index"_s), QStringList(u"settlement_import_log"_s));
+        workspace.execute(taking);
+        for (const Operation &operation : bothOperations)
+            isBlocked(operation, reviewed(),
+                      operation.blocked + u"could not ensure import tables: there is already "_s
+                          + reason + u" Unable to execute statement"_s);
+        QCOMPARE(namesAsMade(workspace).mid(2), importSteps.first(before));
     }
 
     void importTablesAreMadeWhereAFileHasNone_data() { bothOperationsAsRows(); }
@@ -192,17 +210,14 @@ private Q_SLOTS:
         QFETCH(const Operation, operation);
         workspace.makeFile(u"trips.db"_s, "");
         QCOMPARE(operation.run(reviewed()).success, true);
-        QCOMPARE(namesOf(workspace, u"table"_s),
-                 QStringList({u"settlement_import_log"_s, u"trip_detail_items"_s}));
-        QCOMPARE(namesOf(workspace, u"index"_s), importIndexes);
+        QCOMPARE(namesAsMade(workspace), importSteps);
         QCOMPARE(fuelRows(workspace), QList<QStringList>());
     }
 
     void madeTablesHaveAllColumns()
     {
         const Workspace workspace;
-        workspace.makeFile(u"trips.db"_s, "");
-        QCOMPARE(previewImport(reviewed()).success, true);
+        makeImportTables(workspace);
         const QStringList empty = {u"TEXT"_s, u"1"_s, u"''"_s};
         const QStringList zero = {u"REAL"_s, u"1"_s, u"0"_s};
         const QStringList id = {u"id"_s, u"INTEGER"_s, u"0"_s, u""_s};
@@ -221,6 +236,53 @@ private Q_SLOTS:
               u"import_mode"_s, u"counts_json"_s, u"payload_json"_s})
             log.append(QStringList(column) + empty);
         QCOMPARE(columnsOf(workspace, u"settlement_import_log"_s), log);
+    }
+
+    void madeDetailTableIsTiedToNoTrip()
+    {
+        const Workspace workspace;
+        makeImportTables(workspace);
+        QCOMPARE(workspace.rows(u"SELECT * FROM pragma_foreign_key_list('trip_detail_items')"_s),
+                 QList<QStringList>());
+    }
+
+    void madeIndexesHaveTheirColumnsInOrder()
+    {
+        const Workspace workspace;
+        makeImportTables(workspace);
+        const QString log = u"settlement_import_log"_s;
+        const QString details = u"trip_detail_items"_s;
+        QCOMPARE(
+            workspace.rows(u"SELECT made.name, tbl_name, indexed.name FROM sqlite_master AS made, "
+                           "pragma_index_info(made.name) AS indexed WHERE type = 'index' "
+                           "ORDER BY made.name, seqno"_s),
+            QList<QStringList>(
+                {{u"ix_settlement_import_log_pdf_payweek"_s, log, u"payweek"_s},
+                 {u"ix_settlement_import_log_pdf_payweek"_s, log, u"pdf_name"_s},
+                 {u"ix_settlement_import_log_source_hash"_s, log, u"source_hash"_s},
+                 {u"ix_settlement_import_log_truck_payweek"_s, log, u"truck_number"_s},
+                 {u"ix_settlement_import_log_truck_payweek"_s, log, u"payweek"_s},
+                 {u"ix_trip_detail_items_trip_group"_s, details, u"trip_id"_s},
+                 {u"ix_trip_detail_items_trip_group"_s, details, u"group_name"_s}}));
+    }
+
+    void idOfADeletedRowIsNeverGivenAgain_data()
+    {
+        QTest::addColumn<QString>("table");
+        QTest::addColumn<QString>("row");
+        QTest::newRow("details") << u"trip_detail_items"_s << u"(trip_id) VALUES (1)"_s;
+        QTest::newRow("log") << u"settlement_import_log"_s << u"(payweek) VALUES ('')"_s;
+    }
+
+    void idOfADeletedRowIsNeverGivenAgain()
+    {
+        QFETCH(const QString, table);
+        QFETCH(const QString, row);
+        const Workspace workspace;
+        makeImportTables(workspace);
+        QCOMPARE(workspace.insert(u"INSERT INTO %1 %2"_s.arg(table, row)), 1);
+        workspace.execute(u"DELETE FROM "_s + table);
+        QCOMPARE(workspace.insert(u"INSERT INTO %1 %2"_s.arg(table, row)), 2);
     }
 
     void guardAnswersInBothOperations_data() { bothOperationsAsRows(); }
@@ -263,9 +325,11 @@ private Q_SLOTS:
     {
         Workspace workspace;
         workspace.makeTrips();
+        insertBusinessWeek(workspace);
         const TestConnection page(workspace.makeTrips(u"elsewhere/trips.db"_s),
                                   u"trips_connection"_s);
-        QCOMPARE(applyImport(reviewed()).success, true);
+        QCOMPARE(previewImport(reviewed()).fuelDetailRows, 1);
+        QCOMPARE(applyImport(reviewed()).fuelDetailRows, 1);
         QCOMPARE(loggedImports(workspace), 1);
         QCOMPARE(page.value(u"SELECT COUNT(*) FROM settlement_import_log"_s), 0);
     }
@@ -343,6 +407,21 @@ private Q_SLOTS:
                          u"Rows that would be skipped because trip numbers were not "
                          "found:"_s,
                          u"Missing trip '4471203': Truck Fuel"_s, u"Missing trip '7': Def"_s}));
+    }
+
+    void percentSignsStayAsTheyAreInWhatIsTold()
+    {
+        Workspace workspace;
+        workspace.makeTrips();
+        SettlementParseResult settlement =
+            reviewed({describedAs(u"%1 %3"_s, truckFuelRow(u"%2"_s))});
+        settlement.payweek = u"%2 %1"_s;
+        settlement.truckNumber = u"%2"_s;
+        const QStringList details = previewImport(settlement).details;
+        QCOMPARE(details.mid(2, 2), QStringList({u"Payweek: %2 %1"_s, u"Truck: %2"_s}));
+        QCOMPARE(details.last(), u"Missing trip '%2': %1 %3"_s);
+        QCOMPARE(applyImport(settlement).details.first(),
+                 u"Skipped row for missing trip '%2': %1 %3"_s);
     }
 
     void previewWritesNoByteToAFileThatHasTheTables()

@@ -268,6 +268,17 @@ private Q_SLOTS:
         QCOMPARE(fuelRows(workspace).size(), inserted);
     }
 
+    void firstOfTwoTripsOfOneNumberGetsTheFuel()
+    {
+        Workspace workspace;
+        workspace.makeTrips();
+        const qint64 first = trip().no(u" 4471203 "_s).insert(workspace);
+        trip().no(u"4471203"_s).insert(workspace);
+        QCOMPARE(applyImport(reviewed()).fuelDetailRows, 1);
+        QCOMPARE(workspace.rows(u"SELECT trip_id FROM trip_detail_items"_s),
+                 QList<QStringList>({{QString::number(first)}}));
+    }
+
     void idBelowOneBelongsToNoTrip_data()
     {
         QTest::addColumn<int>("id");

@@ -1,4 +1,5 @@
 #include "FileSizeLimit.h"
+#include "HistoryRows.h"
 #include "ImportedFile.h"
 #include "OpeningStatement.h"
 #include "ReviewedSettlement.h"
@@ -170,6 +171,16 @@ private Q_SLOTS:
                    "transaction within a transaction Unable to begin transaction"_s);
         }
         file.isUntouched();
+    }
+
+    void duplicateIsToldBeforeATransactionIsBegun()
+    {
+        const SafeFile file;
+        insertHistory(file.workspace);
+        const OpeningStatement begunAlready(u"BEGIN"_s);
+        failed(applyImport(reviewed()),
+               u"Duplicate blocked: PDF name 'week16.pdf' was already imported for payweek "
+               "04/18/2026 as history ID 1 on 2026-04-20 14:05:09."_s);
     }
 
     void commitThatBreaksAForeignKeyFails()

@@ -80,6 +80,14 @@ private Q_SLOTS:
         QCOMPARE(reviewSignature(reviewed({defRow(), truckFuelRow()})), fuelAndDefSigned);
     }
 
+    void orderAmongRowsThatAreSwitchedOffDoesNotMatter()
+    {
+        const Workspace workspace;
+        const FuelReviewRow off = switchedOff(truckFuelRow(u"99"_s));
+        QCOMPARE(reviewSignature(reviewed({off, truckFuelRow(), off, defRow()})), fuelAndDefSigned);
+        QCOMPARE(reviewSignature(reviewed({defRow(), off, truckFuelRow(), off})), fuelAndDefSigned);
+    }
+
     void rowsAreSortedWithRegardToCase()
     {
         const Workspace workspace;

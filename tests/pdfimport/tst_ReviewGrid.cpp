@@ -5,6 +5,7 @@
 #include "support/Workspace.h"
 
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -101,7 +102,7 @@ private Q_SLOTS:
         QCOMPARE(grid.selectedId(), 3);
     }
 
-    void newRowsDropTheSelectionAndTellOfIt()
+    void newRowsDropTheSelectionWithoutTellingOfIt()
     {
         const Workspace workspace;
         ReviewGrid grid;
@@ -110,8 +111,49 @@ private Q_SLOTS:
         const QSignalSpy changes(&grid, &QTableWidget::itemSelectionChanged);
         grid.showRows({withId(9, defRow())});
         QCOMPARE(grid.selectedId(), 0);
-        QCOMPARE(changes.count(), 1);
+        QCOMPARE(changes.count(), 0);
         QCOMPARE(grid.rowCount(), 1);
+        grid.selectId(9);
+        QCOMPARE(changes.count(), 1);
+    }
+
+    void columnsAreAsWideAsTheirTexts()
+    {
+        const Workspace workspace;
+        ReviewGrid grid;
+        const QString description = u"Truck Fuel, corrected by hand from the receipt"_s;
+        grid.showRows({describedAs(description, truckFuelRow())});
+        QVERIFY(grid.columnWidth(0) < grid.horizontalHeader()->defaultSectionSize());
+        QVERIFY(grid.columnWidth(3) >= grid.fontMetrics().horizontalAdvance(description));
+    }
+
+    void personCanTypeIntoACell_data()
+    {
+        QTest::addColumn<bool>("doubleClicked");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("after a double click") << true << u"999.5"_s;
+        QTest::newRow("from the first key on") << false << u"7999.5"_s;
+    }
+
+    void personCanTypeIntoACell()
+    {
+        QFETCH(const bool, doubleClicked);
+        QFETCH(const QString, text);
+        const Workspace workspace;
+        ReviewGrid grid;
+        Person::shows(grid);
+        grid.showRows(twoRows());
+        Person::clicksCell(&grid, 0, 6);
+        if (doubleClicked)
+            QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {},
+                               grid.visualItemRect(grid.item(0, 6)).center());
+        else
+            QTest::keyClick(&grid, Qt::Key_7);
+        auto *line = grid.viewport()->findChild<QLineEdit *>();
+        QVERIFY(line);
+        QTest::keyClicks(line, u"999.5"_s);
+        QTest::keyClick(line, Qt::Key_Return);
+        QTRY_COMPARE(grid.item(0, 6)->text(), text);
     }
 
     void textTypedIntoACellGoesWithTheNextRows()
