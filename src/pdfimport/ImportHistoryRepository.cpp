@@ -22,7 +22,7 @@ ORDER BY id DESC)"_L1;
 constexpr auto insertActivity = R"(
 INSERT INTO settlement_import_log (truck_number, payweek, pdf_name, source_hash, created_at,
                                    import_mode, counts_json, payload_json)
-VALUES (?, '', ?, ?, datetime('now'), ?, '', ?))"_L1;
+VALUES (?, '', ?, 'database_activity', datetime('now'), ?, '', ?))"_L1;
 
 constexpr auto deleteById = R"(
 DELETE FROM settlement_import_log
@@ -95,7 +95,7 @@ bool logDatabaseActivity(const QString &action, const QString &databaseName, con
     const QString text = details.trimmed();
     return trips.isOpen()
            && runSql(trips.database(), insertActivity,
-                     {databaseName.trimmed(), text, activityMarker, action.trimmed(), text}, error);
+                     {databaseName.trimmed(), text, action.trimmed(), text}, error);
 }
 
 bool deleteRow(int id, QString &error)
