@@ -6,10 +6,21 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr double largestAmount = 1e300;
+
+} // namespace
+
 double roundTo(double value, int places)
 {
     const double factor = std::pow(10.0, places);
     return std::round(value * factor) / factor;
+}
+
+double amountOrZero(double value)
+{
+    return std::abs(value) <= largestAmount ? value : 0.0;
 }
 
 QString moneyText(double dollars)

@@ -2,11 +2,16 @@
 
 #include <QString>
 
-/// The text forms of dollars and other figures, one function a form, and the one rounding.
+/// The text forms of dollars and other figures, one function a form, the one rounding, and the one
+/// limit of what counts as a figure.
 
 /// Half away from zero at `places` decimals, in double precision. Cents are 2 places, prices per
 /// gallon 4.
 double roundTo(double value, int places);
+
+/// The amount, or 0 for what is none: no number at all, or one beyond 1e300 either way. That is far
+/// beyond any dollars or miles, and the distance between two such amounts still is a number.
+double amountOrZero(double value);
 
 /// Dollars as "$1234.50": two decimals, no grouping, the sign behind the dollar sign ("$-12.50").
 QString moneyText(double dollars);

@@ -3,6 +3,7 @@
 #include "app/DataTable.h"
 #include "app/PageParts.h"
 #include "app/UiScale.h"
+#include "data/MoneyText.h"
 #include "reports/SharedLineChartWidget.h"
 
 #include <QDialogButtonBox>
@@ -26,8 +27,7 @@ enum Column { PayweekColumn, ValueColumn, ColumnCount };
 
 QTableWidgetItem *numberCell(double value)
 {
-    auto *cell =
-        new QTableWidgetItem(QString::number(LineChartGeometry::drawableValue(value), 'f', 4));
+    auto *cell = new QTableWidgetItem(QString::number(amountOrZero(value), 'f', 4));
     cell->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     return cell;
 }
@@ -36,6 +36,7 @@ QTableWidget *makeTable(const QList<ChartPoint> &points, QWidget *parent)
 {
     auto *table = new DataTable(u"breakdownTable"_s, BreakdownDialog::tr("Values by payweek"),
                                 leastTableHeight, parent);
+    table->setSelectionMode(QTableWidget::ExtendedSelection);
     table->setColumnCount(ColumnCount);
     table->setHorizontalHeaderLabels(
         {BreakdownDialog::tr("Payweek"), BreakdownDialog::tr("Value")});

@@ -1,14 +1,12 @@
 #include "reports/LineChartGeometry.h"
 
+#include "data/MoneyText.h"
+
 #include <algorithm>
-#include <cmath>
 
 namespace LineChartGeometry {
 
 namespace {
-
-// Far beyond any amount, and half the largest double: the range of two such values is finite.
-constexpr double largestDrawable = 1e300;
 
 constexpr double gapBesideLabel = 8.0;
 
@@ -48,16 +46,11 @@ QRectF plotRect(const QRect &widget, int percent)
     return QRectF(inner.topLeft(), inner.size().expandedTo(QSize(0, 0)));
 }
 
-double drawableValue(double value)
-{
-    return std::abs(value) <= largestDrawable ? value : 0.0;
-}
-
 ValueRange valueRange(const QList<ChartPoint> &points)
 {
     ValueRange range;
     for (const ChartPoint &point : points) {
-        const double value = drawableValue(point.value);
+        const double value = amountOrZero(point.value);
         range.min = std::min(range.min, value);
         range.max = std::max(range.max, value);
     }
@@ -75,7 +68,7 @@ QList<ChartHoverPoint> plottedPoints(const QList<ChartPoint> &points, const QRec
     QList<ChartHoverPoint> plotted;
     plotted.reserve(points.size());
     for (const ChartPoint &point : points) {
-        const double value = drawableValue(point.value);
+        const double value = amountOrZero(point.value);
         plotted.append({horizontalPosition(plotted.size(), points.size(), plot),
                         verticalPosition(value, range, plot), point.label, value});
     }

@@ -36,10 +36,6 @@ int leastHeight(int percent);
 /// The frame that the line is drawn in; a line or a point where the margins leave no room.
 QRectF plotRect(const QRect &widget, int percent);
 
-/// The value to draw: zero where a sum ran out of what a double holds, or so far that the
-/// distance between two of them would.
-double drawableValue(double value);
-
 /// The smallest range that holds zero and all values; -1 to 1 if all of them are zero.
 ValueRange valueRange(const QList<ChartPoint> &points);
 

@@ -1,5 +1,6 @@
 #include "reports/PayTotalsPopups.h"
 
+#include "app/PageParts.h"
 #include "app/UiScale.h"
 #include "data/MoneyText.h"
 #include "reports/BreakdownDialog.h"
@@ -91,15 +92,6 @@ QString totalsLine(const QList<NonTripRow> &items)
         .arg(QString::number(items.size()), moneyText(total), moneyText(impact));
 }
 
-QLabel *makeBoldLabel(const QString &text, QWidget *parent)
-{
-    auto *label = new QLabel(text, parent);
-    QFont bold = label->font();
-    bold.setBold(true);
-    label->setFont(bold);
-    return label;
-}
-
 } // namespace
 
 QDialog *makeFuelDialog(const FuelTotals &totals, const QString &type, QWidget *page)
@@ -145,7 +137,7 @@ QDialog *makeItemsDialog(const NonTripTotals &totals, const ItemFilter *filter, 
     fillTable(table, rows);
     auto *layout = new QVBoxLayout(dialog);
     layout->addWidget(new QLabel(totalsLine(items), dialog));
-    layout->addWidget(makeBoldLabel(tr("Net impact by settlement date"), dialog));
+    layout->addWidget(PageParts::makeHeading(tr("Net impact by settlement date"), dialog, 0));
     layout->addWidget(new SharedLineChartWidget(impactByDate(items), dialog));
     layout->addWidget(table, 1);
     addCloseButton(dialog, layout);

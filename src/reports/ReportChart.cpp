@@ -9,14 +9,12 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 using namespace ReportChartGeometry;
 
 namespace {
 
-constexpr int gridLines = 6;
 constexpr double pointRadius = 4.0;
 constexpr int smallestPointSize = 8;
 constexpr int smallestFittedSize = 5;
@@ -45,7 +43,7 @@ public:
         , report(series)
         , canvas(canvasSize)
         , plot(plotRect(canvasSize))
-        , bars(reportKey == "rev_cost_net"_L1 || reportKey == "miles"_L1)
+        , bars(reportKey == ReportKey::revenueCostNet || reportKey == ReportKey::miles)
         , range(valueRange(series.series, bars))
     {
     }
@@ -65,7 +63,7 @@ private:
     void drawAxisLabels();
     void drawLegend();
     void shrinkFont(const QStringList &texts, double room);
-    void addHitRegion(const QRectF &rect, const QString &name, qsizetype payweek);
+    void addHitRegion(const QRectF &rect, const QString &name, qsizetype payweek, double value);
 
     QPainter &painter;
     const ReportSeriesData &report;
@@ -118,8 +116,7 @@ void ChartPainter::drawAxisValues()
 {
     QStringList texts;
     for (int i = 0; i < gridLines; ++i)
-        texts.append(ReportText::valueText(
-            report, std::lerp(range.top, range.bottom, static_cast<double>(i) / (gridLines - 1))));
+        texts.append(ReportText::valueText(report, gridValue(i, range)));
     painter.save();
     painter.setPen(Qt::black);
     shrinkFont(texts, axisValueWidth);
@@ -178,7 +175,7 @@ void ChartPainter::drawLine(const QString &name, const QList<double> &values, qs
     painter.setBrush(Qt::white);
     for (qsizetype i = 0; i < count; ++i) {
         painter.drawEllipse(points.at(i), pointRadius, pointRadius);
-        addHitRegion(pointHitRect(points.at(i)), name, i);
+        addHitRegion(pointHitRect(points.at(i)), name, i, values.at(i));
     }
 }
 
@@ -190,13 +187,14 @@ void ChartPainter::drawBars(const QString &name, const QList<double> &values, qs
         const QRectF bar = barRect(i, report.payweeks.size(), index, report.series.size(),
                                    values.at(i), range, plot);
         painter.drawRect(bar);
-        addHitRegion(barHitRect(bar), name, i);
+        addHitRegion(barHitRect(bar), name, i, values.at(i));
     }
 }
 
-void ChartPainter::addHitRegion(const QRectF &rect, const QString &name, qsizetype payweek)
+void ChartPainter::addHitRegion(const QRectF &rect, const QString &name, qsizetype payweek,
+                                double value)
 {
-    hitRegions.append({rect, ReportText::pointTip(report, name, payweek)});
+    hitRegions.append({rect, ReportText::pointTip(report, name, payweek, value)});
 }
 
 void ChartPainter::drawAxisLabels()

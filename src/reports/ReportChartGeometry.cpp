@@ -79,6 +79,14 @@ double heightOf(double value, const ValueRange &range, const QRectF &plot)
            - (value - range.bottom) / (range.top - range.bottom) * plot.height();
 }
 
+double gridValue(int line, const ValueRange &range)
+{
+    const double span = range.top - range.bottom;
+    const double value = range.top - line * span / (gridLines - 1);
+    // What rounding leaves of zero may be below it, and would read as minus zero.
+    return std::abs(value) * meaningfulSpan <= span ? 0.0 : value;
+}
+
 double lineX(qsizetype payweek, qsizetype payweeks, const QRectF &plot)
 {
     if (payweeks < 2)

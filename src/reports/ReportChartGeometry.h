@@ -27,6 +27,12 @@ ValueRange valueRange(const QMap<QString, QList<double>> &series, bool bars);
 
 double heightOf(double value, const ValueRange &range, const QRectF &plot);
 
+/// The lines of the grid, from line 0 at the top to the last at the bottom.
+inline constexpr int gridLines = 6;
+
+/// The value that the axis reads beside a line of the grid.
+double gridValue(int line, const ValueRange &range);
+
 /// Where the point of a payweek stands; a single one in the middle.
 double lineX(qsizetype payweek, qsizetype payweeks, const QRectF &plot);
 

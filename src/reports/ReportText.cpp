@@ -43,7 +43,7 @@ bool isWeighted(const ReportSeriesData &report, const QString &reportKey)
         return name.contains("CPM"_L1, Qt::CaseInsensitive);
     };
     const QStringList names = report.series.keys();
-    return reportKey == "cpms"_L1 || isCpm(report.title)
+    return reportKey == ReportKey::compareCpms || isCpm(report.title)
            || std::any_of(names.cbegin(), names.cend(), isCpm);
 }
 
@@ -61,11 +61,11 @@ double plainAverage(const QList<double> &values)
            / static_cast<double>(values.size());
 }
 
-QString pointTip(const ReportSeriesData &report, const QString &seriesName, qsizetype payweek)
+QString pointTip(const ReportSeriesData &report, const QString &seriesName, qsizetype payweek,
+                 double value)
 {
-    return u"%1\nPayweek: %2\nValue: %3"_s.arg(
-        seriesName, report.payweeks.at(payweek),
-        valueText(report, report.series.value(seriesName).at(payweek)));
+    return u"%1\nPayweek: %2\nValue: %3"_s.arg(seriesName, report.payweeks.at(payweek),
+                                               valueText(report, value));
 }
 
 QString axisLabel(const QString &payweek)

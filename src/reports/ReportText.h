@@ -21,8 +21,9 @@ double weightedAverage(const ReportSeriesData &report, const QString &seriesName
 /// The mean of the weeks; 0 without any.
 double plainAverage(const QList<double> &values);
 
-/// What a chart says of one point.
-QString pointTip(const ReportSeriesData &report, const QString &seriesName, qsizetype payweek);
+/// What a chart says of one point: a series' value at a payweek.
+QString pointTip(const ReportSeriesData &report, const QString &seriesName, qsizetype payweek,
+                 double value);
 
 /// Month and day of a payweek, for the axis: "01-02" of "01/02/2026".
 QString axisLabel(const QString &payweek);

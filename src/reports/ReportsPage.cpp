@@ -62,10 +62,10 @@ QBoxLayout *ReportsPage::buildSelectors()
 {
     yearBox = makeSelector(u"reportYear"_s, 110, this);
     reportBox = makeSelector(u"reportKind"_s, 260, this);
-    reportBox->addItem(tr("Compare CPMs"), u"cpms"_s);
-    reportBox->addItem(tr("Revenue vs Cost vs Net"), u"rev_cost_net"_s);
-    reportBox->addItem(tr("Miles (Loaded / Empty / Total)"), u"miles"_s);
-    reportBox->addItem(tr("Revenue vs Miles"), u"revenue_vs_miles"_s);
+    reportBox->addItem(tr("Compare CPMs"), QString(ReportKey::compareCpms));
+    reportBox->addItem(tr("Revenue vs Cost vs Net"), QString(ReportKey::revenueCostNet));
+    reportBox->addItem(tr("Miles (Loaded / Empty / Total)"), QString(ReportKey::miles));
+    reportBox->addItem(tr("Revenue vs Miles"), QString(ReportKey::revenueAndMiles));
     auto *row = new QHBoxLayout;
     row->addWidget(PageParts::makeCaption(tr("Year:"), yearBox));
     row->addWidget(yearBox);

@@ -1,9 +1,8 @@
 #include "reports/ReportsRepository.h"
 
 #include "data/DatabaseLocator.h"
+#include "data/MoneyText.h"
 #include "data/SqlStatement.h"
-
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -64,21 +63,21 @@ struct Report
 
 Report reportOf(const QString &key)
 {
-    if (key == "cpm"_L1 || key == "cpms"_L1)
+    if (key == "cpm"_L1 || key == ReportKey::compareCpms)
         return {.title = u"Compare CPMs"_s,
                 .yAxisLabel = u"$/mile"_s,
                 .series = {{u"Trip Revenue CPM"_s, &PayweekSums::tripRevenue, true},
                            {u"Total Revenue CPM"_s, &PayweekSums::totalRevenue, true},
                            {u"Net Revenue CPM"_s, &PayweekSums::netRevenue, true}},
                 .valuesAreDollars = true};
-    if (key == "miles"_L1)
+    if (key == ReportKey::miles)
         return {.title = u"Miles (Loaded / Empty / Total)"_s,
                 .yAxisLabel = u"Miles"_s,
                 .series = {{u"Loaded Miles"_s, &PayweekSums::loadedMiles},
                            {u"Empty Miles"_s, &PayweekSums::emptyMiles},
                            {u"Total Miles"_s, &PayweekSums::totalMiles}},
                 .valuesAreMiles = true};
-    if (key == "revenue_vs_miles"_L1 || key == "revenue miles"_L1)
+    if (key == ReportKey::revenueAndMiles || key == "revenue miles"_L1)
         return {.title = u"Revenue vs Miles"_s,
                 .yAxisLabel = u"Scaled values"_s,
                 .series = {{u"Total Revenue"_s, &PayweekSums::totalRevenue},
@@ -91,25 +90,17 @@ Report reportOf(const QString &key)
             .valuesAreDollars = true};
 }
 
-// Far beyond any amount. A damaged file may hold more, and a chart could not tell the distance
-// between two such values.
-constexpr double largestAmount = 1e300;
-
-double usable(double value)
-{
-    return std::abs(value) <= largestAmount ? value : 0.0;
-}
-
+// A damaged file may hold figures beyond any amount.
 PayweekSums sumsOf(const SqlStatement &row)
 {
     PayweekSums sums{.payweek = row.text(0).trimmed(),
-                     .tripRevenue = usable(row.number(1)),
-                     .totalRevenue = usable(row.number(2)),
-                     .totalCost = usable(row.number(3)),
-                     .netRevenue = usable(row.number(4)),
-                     .loadedMiles = usable(row.number(5)),
-                     .emptyMiles = usable(row.number(6)),
-                     .totalMiles = usable(row.number(7))};
+                     .tripRevenue = amountOrZero(row.number(1)),
+                     .totalRevenue = amountOrZero(row.number(2)),
+                     .totalCost = amountOrZero(row.number(3)),
+                     .netRevenue = amountOrZero(row.number(4)),
+                     .loadedMiles = amountOrZero(row.number(5)),
+                     .emptyMiles = amountOrZero(row.number(6)),
+                     .totalMiles = amountOrZero(row.number(7))};
     if (sums.totalMiles <= 0.0 && (sums.loadedMiles > 0.0 || sums.emptyMiles > 0.0))
         sums.totalMiles = sums.loadedMiles + sums.emptyMiles;
     return sums;
@@ -142,7 +133,7 @@ void append(const PayweekSums &sums, const Report &report, ReportSeriesData &dat
             data.series[series.name].append(sum);
             continue;
         }
-        data.series[series.name].append(hasMiles ? usable(sum / sums.totalMiles) : 0.0);
+        data.series[series.name].append(hasMiles ? amountOrZero(sum / sums.totalMiles) : 0.0);
         data.weightedNumerators[series.name] += hasMiles ? sum : 0.0;
         data.weightedDenominators[series.name] += hasMiles ? sums.totalMiles : 0.0;
     }

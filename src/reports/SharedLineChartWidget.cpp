@@ -103,6 +103,7 @@ void drawLabel(QPainter &painter, const QPointF &corner, const QRectF &box, cons
     painter.save();
     painter.translate(corner);
     painter.rotate(-45.0);
+    // At the top of the box its end would touch the plot.
     painter.drawText(box, Qt::AlignLeft | Qt::AlignBottom | Qt::TextDontClip,
                      painter.fontMetrics().elidedText(label, Qt::ElideRight, width));
     painter.restore();

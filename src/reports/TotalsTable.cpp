@@ -11,6 +11,7 @@ TotalsTable::TotalsTable(const QString &objectName, const QString &accessibleNam
     , labels(columnLabels)
     , firstFigureColumn(firstFigure)
 {
+    setSelectionMode(ExtendedSelection);
     setColumnCount(static_cast<int>(labels.size()));
     setHorizontalHeaderLabels(labels);
     for (int column = firstFigureColumn; column < columnCount(); ++column)

@@ -3,7 +3,16 @@
 #include <QLocale>
 #include <QTest>
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double infinite = std::numeric_limits<double>::infinity();
+
+} // namespace
 
 class tst_MoneyText : public QObject
 {
@@ -47,6 +56,27 @@ private Q_SLOTS:
         QFETCH(const int, places);
         QFETCH(const double, rounded);
         QCOMPARE(roundTo(value, places), rounded);
+    }
+
+    void whatIsNoAmountCountsAsZero_data()
+    {
+        QTest::addColumn<double>("value");
+        QTest::addColumn<double>("amount");
+        QTest::newRow("an amount") << 1234.56 << 1234.56;
+        QTest::newRow("below zero") << -1234.56 << -1234.56;
+        QTest::newRow("a large amount") << 1e12 << 1e12;
+        QTest::newRow("the largest") << 1e300 << 1e300;
+        QTest::newRow("beyond the largest") << 1.1e300 << 0.0;
+        QTest::newRow("beyond the largest below zero") << -1.1e300 << 0.0;
+        QTest::newRow("infinite") << infinite << 0.0;
+        QTest::newRow("infinite below zero") << -infinite << 0.0;
+        QTest::newRow("not a number") << notANumber << 0.0;
+    }
+
+    void whatIsNoAmountCountsAsZero()
+    {
+        QFETCH(const double, value);
+        QTEST(amountOrZero(value), "amount");
     }
 
     void everyFigureHasFourTexts_data()

@@ -152,6 +152,28 @@ private Q_SLOTS:
         QCOMPARE(open.table->findChild<QLineEdit *>(), nullptr);
     }
 
+    void severalRowsCanBeSelected()
+    {
+        const Workspace workspace;
+        const OpenDialog open;
+        Person::clicksCell(open.table, 0, 0);
+        QTest::keyClick(open.table, Qt::Key_Down, Qt::ShiftModifier);
+        QTest::keyClick(open.table, Qt::Key_Down, Qt::ShiftModifier);
+        QCOMPARE(open.table->selectionModel()->selectedRows().size(), 3);
+    }
+
+    void payweeksAreAsWideAsTheWidestOfThem()
+    {
+        const Workspace workspace;
+        const QString longName = u"a payweek that was given a name"_s;
+        const OpenDialog brief;
+        const OpenDialog open({{u"04/04/2026"_s, 1.0}, {longName, 2.0}});
+        const int text = open.table->fontMetrics().horizontalAdvance(longName);
+        QVERIFY(open.table->columnWidth(0) > text);
+        QVERIFY(open.table->columnWidth(0) < text + 30);
+        QVERIFY(brief.table->columnWidth(0) < open.table->columnWidth(0));
+    }
+
     void valuesFillTheWidthAndStandToTheRight()
     {
         const Workspace workspace;

@@ -2,12 +2,15 @@
 #include "support/Person.h"
 #include "support/Workspace.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QGraphicsView>
 #include <QMouseEvent>
 #include <QTest>
 #include <QToolTip>
 #include <QWindow>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -54,6 +57,27 @@ struct HoveredView
     ChartHover *hover;
     QTimer *timer;
 };
+
+/// Qt's own window of a tooltip; null if none is up.
+QWidget *tipWindow()
+{
+    for (QWidget *widget : QApplication::topLevelWidgets()) {
+        if (widget->inherits("QTipLabel") && widget->isVisible())
+            return widget;
+    }
+    return nullptr;
+}
+
+/// In how many milliseconds the tooltip is to go: at the end of its time, and before that once Qt
+/// saw the mouse leave its place.
+QList<int> timesToGo()
+{
+    QList<int> times;
+    for (const auto &timer : QAbstractEventDispatcher::instance()->registeredTimers(tipWindow()))
+        times.append(timer.interval);
+    std::sort(times.begin(), times.end());
+    return times;
+}
 
 } // namespace
 
@@ -208,6 +232,69 @@ private Q_SLOTS:
         QCOMPARE(QToolTip::text().remove(QChar(0x200B)), u"left"_s);
         hovered.timeRunsOut();
         QCOMPARE(QToolTip::text(), u"left"_s);
+    }
+
+    void tipStandsBesideTheMouse()
+    {
+        const Workspace workspace;
+        HoveredView hovered;
+        QCOMPARE(hovered.pointsAt({114, 114}), u"left"_s);
+        const QPoint besideTheMouse = tipWindow()->pos() - QPoint(114, 114);
+        QCOMPARE(hovered.pointsAt({174, 104}), u"right"_s);
+        QCOMPARE(tipWindow()->pos() - QPoint(174, 104), besideTheMouse);
+    }
+
+    void tipLastsThreeSeconds()
+    {
+        const Workspace workspace;
+        HoveredView hovered;
+        QCOMPARE(hovered.pointsAt({114, 114}), u"left"_s);
+        QCOMPARE(timesToGo(), QList<int>({3000}));
+        hovered.timeRunsOut();
+        QCOMPARE(timesToGo(), QList<int>({3000}));
+    }
+
+    void tipGoesWhereTheMouseIsTooFarFromWhereItCameUp_data()
+    {
+        QTest::addColumn<QPoint>("mouse");
+        QTest::addColumn<QList<int>>("times");
+        const QList<int> stays = {3000};
+        const QList<int> goes = {300, 3000};
+        QTest::newRow("36 to the left") << QPoint(164, 200) << stays;
+        QTest::newRow("further to the left") << QPoint(163, 200) << goes;
+        QTest::newRow("35 to the right") << QPoint(235, 200) << stays;
+        QTest::newRow("further to the right") << QPoint(236, 200) << goes;
+        QTest::newRow("28 above") << QPoint(200, 172) << stays;
+        QTest::newRow("further above") << QPoint(200, 171) << goes;
+        QTest::newRow("27 below") << QPoint(200, 227) << stays;
+        QTest::newRow("further below") << QPoint(200, 228) << goes;
+    }
+
+    void tipGoesWhereTheMouseIsTooFarFromWhereItCameUp()
+    {
+        QFETCH(const QPoint, mouse);
+        const Workspace workspace;
+        HoveredView hovered;
+        hovered.hover->setHitRegions({{{100, 100, 200, 200}, u"wide"_s}});
+        QCOMPARE(hovered.pointsAt({200, 200}), u"wide"_s);
+        QCOMPARE(hovered.pointsAt(mouse), u"wide"_s);
+        QTEST(timesToGo(), "times");
+    }
+
+    void keptTipIsShownAgainWhereTheMouseIsNow()
+    {
+        const Workspace workspace;
+        HoveredView hovered;
+        QCOMPARE(hovered.pointsAt({114, 100}), u"left"_s);
+        const QPoint besideTheMouse = tipWindow()->pos() - QPoint(114, 100);
+        QCOMPARE(hovered.pointsAt({114, 84}), u"left"_s);
+        hovered.timeRunsOut();
+        QCOMPARE(tipWindow()->pos() - QPoint(114, 84), besideTheMouse);
+        // From 56 to 111 around the mouse, and no longer to 127.
+        hovered.pointsAt({114, 111});
+        QCOMPARE(timesToGo(), QList<int>({3000}));
+        hovered.pointsAt({114, 112});
+        QCOMPARE(timesToGo(), QList<int>({300, 3000}));
     }
 
     void newChartForgetsTheTipOfTheOldOne()

@@ -80,27 +80,6 @@ private Q_SLOTS:
         QTEST(LineChartGeometry::plotRect(widget, percent), "plotRect");
     }
 
-    void valueThatIsNoAmountIsDrawnAsZero_data()
-    {
-        QTest::addColumn<double>("value");
-        QTest::addColumn<double>("drawn");
-        QTest::newRow("an amount") << 1234.56 << 1234.56;
-        QTest::newRow("below zero") << -1234.56 << -1234.56;
-        QTest::newRow("a large amount") << 1e12 << 1e12;
-        QTest::newRow("the largest") << 1e300 << 1e300;
-        QTest::newRow("beyond the largest") << 1.1e300 << 0.0;
-        QTest::newRow("beyond the largest below zero") << -1.1e300 << 0.0;
-        QTest::newRow("infinite") << infinite << 0.0;
-        QTest::newRow("infinite below zero") << -infinite << 0.0;
-        QTest::newRow("not a number") << notANumber << 0.0;
-    }
-
-    void valueThatIsNoAmountIsDrawnAsZero()
-    {
-        QFETCH(const double, value);
-        QTEST(LineChartGeometry::drawableValue(value), "drawn");
-    }
-
     void rangeHoldsZeroAndAllValues_data()
     {
         QTest::addColumn<Values>("values");

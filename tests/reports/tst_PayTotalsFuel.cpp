@@ -210,6 +210,19 @@ private Q_SLOTS:
                  QList<double>({1.0, 0.0, 0.0, 0.0, 0.0, 0.0}));
     }
 
+    void purchasesStandInTheOrderOfTheStoredPayweeks()
+    {
+        const TotalsFile file;
+        const qint64 plain = trip().no(u"1"_s).payweek(week).insert(file.workspace);
+        const qint64 indented = trip().no(u"2"_s).payweek(u' ' + week).insert(file.workspace);
+        for (const qint64 id : {plain, indented})
+            fuel(id, u"DEF"_s, 1.0, 0.0, 1.0).insert(file.workspace);
+        QStringList trips;
+        for (const FuelDetailRow &row : loadPayweekFuelTotals(file.database(), week).rows)
+            trips.append(row.tripNo + u" of "_s + row.payweek);
+        QCOMPARE(trips, QStringList({u"2 of 01/02/2026"_s, u"1 of 01/02/2026"_s}));
+    }
+
     void scopeWithoutFuelHasItsLabels()
     {
         const TotalsFile file;

@@ -237,7 +237,16 @@ private Q_SLOTS:
         QCOMPARE(totals.view.scope(), u"Scope: Year 2027"_s);
     }
 
-    void newPayweekIsListedOnlyAfterTheYearIsChanged()
+    void newPayweekIsListedWhenTheFileIsOpenedAgain()
+    {
+        const WorkedTotals totals;
+        trip().payweek(u"03/06/2026"_s).insert(totals.file.workspace);
+        totals.view.page->openDatabase(totals.file.path);
+        QCOMPARE(entries(totals.view.payweeks()),
+                 QStringList({wholeYear, week, nextWeek, u"03/06/2026"_s}));
+    }
+
+    void newPayweekIsNotListedByARefreshButWhenTheYearIsChanged()
     {
         const WorkedTotals totals;
         trip().payweek(u"03/06/2026"_s).insert(totals.file.workspace);
@@ -282,6 +291,19 @@ private Q_SLOTS:
         QCOMPARE(entries(view.payweeks()), QStringList({wholeYear, week, u"99/99/2026 B"_s}));
         QCOMPARE(view.figure(u"Trip Count"_s), u"2"_s);
         view.choosesPayweek(u"99/99/2026 B"_s);
+        QCOMPARE(view.figure(u"Trip Revenue"_s), u"$1.00"_s);
+    }
+
+    void payweekThatEndsWithATabIsMeantWithoutIt()
+    {
+        Workspace workspace;
+        const QString path = workspace.makeTrips();
+        trip().payweek(week).totals(1.0, 0.0).insert(workspace);
+        trip().payweek(week + u'\t').totals(20.0, 0.0).insert(workspace);
+        const TotalsWindow view(path);
+        QCOMPARE(entries(view.payweeks()), QStringList({wholeYear, week, week + u'\t'}));
+        view.choosesPayweek(week + u'\t');
+        QCOMPARE(view.scope(), u"Scope: Payweek 01/02/2026"_s);
         QCOMPARE(view.figure(u"Trip Revenue"_s), u"$1.00"_s);
     }
 

@@ -82,6 +82,21 @@ private Q_SLOTS:
         QCOMPARE(column(totals.table(), u"Value"_s), QStringList({u"2.0000"_s, u"1.0000"_s}));
     }
 
+    void clickAmongSelectedRowsOpensItsOwnRowOnce()
+    {
+        WorkedTotals totals;
+        QTableWidget *core = totals.view.core();
+        core->setCurrentCell(0, 0);
+        for (int row = 0; row < 3; ++row)
+            QTest::keyClick(core, Qt::Key_Down, Qt::ShiftModifier);
+        QCOMPARE(core->selectionModel()->selectedRows().size(), 4);
+        QCOMPARE(totals.view.dialogs().size(), 0);
+        totals.expects(weeklyTitle(u"Trip Revenue"_s));
+        totals.view.clicksRow(core, u"Trip Revenue"_s);
+        QCOMPARE(totals.view.dialogs().size(), 1);
+        QCOMPARE(core->selectionModel()->selectedRows().size(), 1);
+    }
+
     void everyCoreRowOpensUnderItsOwnName()
     {
         WorkedTotals totals;
@@ -109,6 +124,10 @@ private Q_SLOTS:
         totals.view.clicksRow(totals.view.core(), u"Total Revenue"_s);
         QCOMPARE(texts(totals.table()),
                  QList<QStringList>({{week, u"1550.5000"_s}, {nextWeek, u"930.0000"_s}}));
+        totals.expects(weeklyTitle(u"Truck Fuel"_s));
+        totals.view.clicksRow(totals.view.fuel(), u"Truck Fuel"_s);
+        QCOMPARE(texts(totals.table()),
+                 QList<QStringList>({{week, u"360.0000"_s}, {nextWeek, u"100.0000"_s}}));
     }
 
     void everyFuelRowShowsItsNetCostWeekByWeek_data()

@@ -6,10 +6,12 @@
 
 #include <QDir>
 #include <QHeaderView>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QTest>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -113,6 +115,33 @@ private Q_SLOTS:
         const TotalsWindow view;
         QCOMPARE(view.years()->minimumWidth(), 110);
         QCOMPARE(view.payweeks()->minimumWidth(), 150);
+    }
+
+    void buttonsKeepTheirWidthOnAWidePage()
+    {
+        const Workspace workspace;
+        TotalsWindow view;
+        view.window.resize(2000, 800);
+        QCoreApplication::processEvents();
+        const auto buttons = view.page->findChildren<QPushButton *>();
+        QCOMPARE(buttons.size(), 7);
+        for (const QPushButton *button : buttons)
+            QCOMPARE(button->width(), button->sizeHint().width());
+    }
+
+    void selectorsStandApartFromTheButtons()
+    {
+        const Workspace workspace;
+        const TotalsWindow view;
+        const QRect open = view.named<QWidget>("openTotalsButton")->geometry();
+        const QRect refresh = view.named<QWidget>("refreshTotalsButton")->geometry();
+        const auto labels = view.page->findChildren<QLabel *>();
+        const auto caption = std::find_if(labels.cbegin(), labels.cend(), [](const QLabel *label) {
+            return label->text() == u"Year:"_s;
+        });
+        QVERIFY(caption != labels.cend());
+        const int betweenButtons = refresh.left() - open.right();
+        QCOMPARE((*caption)->geometry().left() - refresh.right() - betweenButtons, 12);
     }
 
     void headingIsBoldAndLarger()

@@ -72,6 +72,34 @@ QRect extent(const QImage &image, const QRect &area, bool (*wanted)(const QColor
     return found;
 }
 
+/// A blank canvas with what `write` puts on it.
+template <typename Write>
+QImage canvasWith(int pointSize, Write write)
+{
+    QPixmap canvas(least);
+    canvas.fill(Qt::white);
+    QPainter painter(&canvas);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setFont(textFont(pointSize));
+    write(painter);
+    painter.end();
+    return canvas.toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+const QRect axisArea(0, 40, 80, 445);
+const QString zero = u"$0.00"_s;
+
+/// What stands beside the grid lines when these are the texts of the axis.
+QImage axisWith(const QStringList &texts, int pointSize)
+{
+    const QImage canvas = canvasWith(pointSize, [&texts](QPainter &painter) {
+        for (qsizetype line = 0; line < texts.size(); ++line)
+            painter.drawText(QRectF(4, 45.0 + 416.0 * double(line) / 5.0, 74, 18),
+                             Qt::AlignRight | Qt::AlignVCenter, texts.at(line));
+    });
+    return canvas.copy(axisArea);
+}
+
 QList<double> zigzag(int weeks)
 {
     QList<double> values;
@@ -107,6 +135,21 @@ private Q_SLOTS:
         QVERIFY(QRect(0, 14, 760, 30).contains(title));
         QVERIFY(title.width() > 20);
         QVERIFY(std::abs(title.center().x() - 380) <= 2);
+    }
+
+    void titleIsThatOfTheReportInBold()
+    {
+        const Workspace workspace;
+        ReportSeriesData report = dollars({{u"A"_s, {5.0}}});
+        report.title = u"Revenue vs Cost"_s;
+        const QRect top(0, 0, 760, 44);
+        const QImage expected = canvasWith(12, [](QPainter &painter) {
+            QFont bold = painter.font();
+            bold.setBold(true);
+            painter.setFont(bold);
+            painter.drawText(QRectF(0, 14, 760, 30), Qt::AlignCenter, u"Revenue vs Cost"_s);
+        });
+        QCOMPARE(picture(lines(report)).copy(top), expected.copy(top));
     }
 
     void sixGridLinesCrossThePlot()
@@ -146,26 +189,43 @@ private Q_SLOTS:
         }
     }
 
+    void axisFallsFromTheLargestValueToTheSmallest_data()
+    {
+        QTest::addColumn<QList<double>>("values");
+        QTest::addColumn<QStringList>("axis");
+        QTest::addColumn<int>("pointSize");
+        using Values = QList<double>;
+        QTest::newRow("above zero")
+            << Values{50.0}
+            << QStringList{u"$50.00"_s, u"$40.00"_s, u"$30.00"_s, u"$20.00"_s, u"$10.00"_s, zero}
+            << 11;
+        QTest::newRow("down to a zero that rounding misses")
+            << Values{1.62}
+            << QStringList{u"$1.62"_s, u"$1.30"_s, u"$0.97"_s, u"$0.65"_s, u"$0.32"_s, zero} << 11;
+        QTest::newRow("on both sides of zero")
+            << Values{-1000.0, 4000.0} << QStringList{u"$4000.00"_s, u"$3000.00"_s, u"$2000.00"_s,
+                                                      u"$1000.00"_s, zero,          u"$-1000.00"_s}
+            << 10;
+    }
+
     void axisFallsFromTheLargestValueToTheSmallest()
     {
+        QFETCH(const QList<double>, values);
+        QFETCH(const QStringList, axis);
+        QFETCH(const int, pointSize);
         const Workspace workspace;
-        const QImage image = picture(bars(dollars({{u"A"_s, {50.0}}})));
-        QPixmap expected(least);
-        expected.fill(Qt::white);
-        QPainter painter(&expected);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setFont(textFont(11));
-        double height = 54.0;
-        for (const QString &text :
-             {u"$50.00"_s, u"$40.00"_s, u"$30.00"_s, u"$20.00"_s, u"$10.00"_s, u"$0.00"_s}) {
-            painter.drawText(QRectF(4, height - 9, 74, 18), Qt::AlignRight | Qt::AlignVCenter,
-                             text);
-            height += 83.2;
-        }
-        painter.end();
-        const QRect axis(0, 40, 80, 445);
-        QCOMPARE(image.copy(axis),
-                 expected.toImage().convertToFormat(QImage::Format_RGB32).copy(axis));
+        const QImage image = picture(bars(dollars({{u"A"_s, values}})));
+        QCOMPARE(image.copy(axisArea), axisWith(axis, pointSize));
+    }
+
+    void textsAreNoSmallerThanEightPoints()
+    {
+        const Workspace workspace;
+        const QImage image = picture(
+            ReportChart::draw(dollars({{u"A"_s, {50.0}}}), u"miles"_s, least, textFont(6), 1.0));
+        QCOMPARE(
+            image.copy(axisArea),
+            axisWith({u"$50.00"_s, u"$40.00"_s, u"$30.00"_s, u"$20.00"_s, u"$10.00"_s, zero}, 8));
     }
 
     void dashedLineMarksZeroBetweenValuesOfBothSigns()
@@ -181,6 +241,23 @@ private Q_SLOTS:
         }
         QVERIFY(dash);
         QVERIFY(gap);
+    }
+
+    // On a fine screen, and where a line of one pixel fills two of the screen's.
+    void gridIsLightGreyAndTheZeroLineADarkerOne()
+    {
+        const Workspace workspace;
+        // The plot is 420 high: a fifth is 84, and zero stands at 369.
+        const QImage image = picture(ReportChart::draw(dollars({{u"A"_s, {30.0, -10.0}}}),
+                                                       u"miles"_s, {760, 624}, textFont(), 2.0));
+        QCOMPARE(image.pixelColor(810, 2 * 138 - 1), QColor(220, 220, 220));
+        QCOMPARE(image.pixelColor(810, 2 * 138), QColor(220, 220, 220));
+        QCOMPARE(image.pixelColor(810, 2 * 138 + 1), plotGround);
+        QList<int> greys;
+        for (int x = 790; x < 830; ++x)
+            greys.append(image.pixelColor(x, 2 * 369).red());
+        QCOMPARE(*std::min_element(greys.cbegin(), greys.cend()), 120);
+        QCOMPARE(*std::max_element(greys.cbegin(), greys.cend()), 250);
     }
 
     void noLineMarksZeroWhereItIsTheEdgeOrOutside_data()
@@ -371,6 +448,50 @@ private Q_SLOTS:
             QCOMPARE(image.pixelColor(left + 5, 571), colors.at(i));
             QVERIFY(extent(image, QRect(left + 28, 565, 100, 15), isDark).isValid());
         }
+    }
+
+    void everySwatchHasItsOwnNameBesideIt()
+    {
+        const Workspace workspace;
+        const QImage image =
+            picture(lines(dollars({{u"Gamma"_s, {5.0}}, {u"Alpha"_s, {5.0}}, {u"Beta"_s, {5.0}}})));
+        const QImage expected = canvasWith(11, [](QPainter &painter) {
+            painter.drawText(QPointF(114, 578), u"Alpha"_s);
+            painter.drawText(QPointF(304, 578), u"Beta"_s);
+            painter.drawText(QPointF(494, 578), u"Gamma"_s);
+        });
+        for (const QRect name :
+             {QRect(100, 560, 170, 50), QRect(290, 560, 170, 50), QRect(480, 560, 170, 50)})
+            QCOMPARE(image.copy(name), expected.copy(name));
+    }
+
+    void everyPayweekHasItsOwnLabel_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QList<double>>("payweekX");
+        QTest::newRow("bars") << u"miles"_s << QList<double>{86 + 638 / 6.0, 405, 86 + 638 / 1.2};
+        QTest::newRow("lines") << u"cpms"_s << QList<double>{86, 405, 724};
+    }
+
+    void everyPayweekHasItsOwnLabel()
+    {
+        QFETCH(const QString, key);
+        QFETCH(const QList<double>, payweekX);
+        const Workspace workspace;
+        const QImage image = picture(
+            ReportChart::draw(dollars({{u"A"_s, {5.0, 6.0, 7.0}}}), key, least, textFont(), 1.0));
+        const QImage expected = canvasWith(11, [&payweekX](QPainter &painter) {
+            const QStringList labels = {u"01-02"_s, u"01-09"_s, u"01-16"_s};
+            for (qsizetype i = 0; i < labels.size(); ++i) {
+                painter.save();
+                painter.translate(payweekX.at(i) - 10, 470 + 46);
+                painter.rotate(-45);
+                painter.drawText(QPointF(), labels.at(i));
+                painter.restore();
+            }
+        });
+        const QRect below(0, 485, 760, 60);
+        QCOMPARE(image.copy(below), expected.copy(below));
     }
 
     void labelsStandBelowTheirPayweeks()

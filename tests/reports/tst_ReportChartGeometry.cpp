@@ -112,6 +112,33 @@ private Q_SLOTS:
         QTEST(range.top, "top");
     }
 
+    void gridDividesTheRangeIntoFifths_data()
+    {
+        QTest::addColumn<double>("bottom");
+        QTest::addColumn<double>("top");
+        QTest::addColumn<QString>("values");
+        const auto add = [](const char *name, double bottom, double top, const QString &values) {
+            QTest::newRow(name) << bottom << top << values;
+        };
+        add("above zero", 0.0, 50.0, u"50.00 40.00 30.00 20.00 10.00 0.00"_s);
+        add("below zero", -50.0, 0.0, u"0.00 -10.00 -20.00 -30.00 -40.00 -50.00"_s);
+        add("on both sides", -1000.0, 4000.0, u"4000.00 3000.00 2000.00 1000.00 0.00 -1000.00"_s);
+        add("fifths that are no doubles", -2.2, 3.3, u"3.30 2.20 1.10 0.00 -1.10 -2.20"_s);
+        add("to a zero that rounding misses", 0.0, 1.62, u"1.62 1.30 0.97 0.65 0.32 0.00"_s);
+        add("hardly below zero", -0.001, 0.004, u"0.00 0.00 0.00 0.00 0.00 -0.00"_s);
+        add("away from zero", 0.76, 3.26, u"3.26 2.76 2.26 1.76 1.26 0.76"_s);
+    }
+
+    void gridDividesTheRangeIntoFifths()
+    {
+        QFETCH(const double, bottom);
+        QFETCH(const double, top);
+        QStringList values;
+        for (int line = 0; line < gridLines; ++line)
+            values.append(QString::number(gridValue(line, {.bottom = bottom, .top = top}), 'f', 2));
+        QTEST(values.join(u' '), "values");
+    }
+
     void barsOfValuesAboveZeroHaveZeroAsTheBottomOfTheirAxis()
     {
         QCOMPARE(valueRange({{u"a"_s, {100.0, 200.0}}}, true).bottom, 0.0);

@@ -146,7 +146,7 @@ private Q_SLOTS:
     void pointTellsSeriesPayweekAndValue()
     {
         const ReportSeriesData report = dollars({{u"50%1 Off"_s, {3.0, -12.5}}});
-        QCOMPARE(ReportText::pointTip(report, u"50%1 Off"_s, 1),
+        QCOMPARE(ReportText::pointTip(report, u"50%1 Off"_s, 1, -12.5),
                  u"50%1 Off\nPayweek: 01/09/2026\nValue: $-12.50"_s);
     }
 

@@ -16,6 +16,8 @@
 #include <QTableWidget>
 #include <QToolTip>
 
+#include <cstdlib>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -414,11 +416,26 @@ private Q_SLOTS:
         ReportsWindow window;
         window.page.resize(500, 600);
         QCoreApplication::processEvents();
-        QScrollBar *bar = window.view->horizontalScrollBar();
-        bar->setValue(bar->maximum());
-        QVERIFY(bar->value() > 0);
+        const QList<QScrollBar *> bars = {window.view->horizontalScrollBar(),
+                                          window.view->verticalScrollBar()};
+        for (QScrollBar *bar : bars) {
+            bar->setValue(bar->maximum());
+            QVERIFY(bar->value() > 0);
+        }
         Person::clicks(window.page, u"Refresh Report"_s);
-        QCOMPARE(bar->value(), 0);
+        for (const QScrollBar *bar : bars) {
+            QVERIFY(bar->maximum() > 0);
+            QCOMPARE(bar->value(), 0);
+        }
+    }
+
+    void refreshShowsTheChartInItsOwnSize()
+    {
+        const ReportFile file;
+        insertTwoYears(file.workspace);
+        const ReportsWindow window;
+        window.view->scale(2.0, 2.0);
+        Person::clicks(window.page, u"Refresh Report"_s);
         QVERIFY(window.view->transform().isIdentity());
     }
 
@@ -453,6 +470,22 @@ private Q_SLOTS:
         QCOMPARE(nameOf(splitter->widget(1)), u"Details"_s);
         QCOMPARE(splitter->orientation(), Qt::Vertical);
         QVERIFY(!splitter->childrenCollapsible());
+    }
+
+    // At twice these heights, for the lower part cannot be as low as 260.
+    void chartAndTableStartAs680To260()
+    {
+        const Workspace workspace;
+        ReportsWindow window;
+        const auto *splitter = window.page.findChild<QSplitter *>();
+        window.page.resize(1280, 1400); // and nothing scrolls
+        QCoreApplication::processEvents();
+        const int rest = 1400 - splitter->height();
+        window.page.resize(1280, rest + 1360 + splitter->handleWidth() + 520);
+        QCoreApplication::processEvents();
+        const QList<int> heights = splitter->sizes();
+        QCOMPARE(heights.at(0) + heights.at(1), 1880);
+        QVERIFY2(std::abs(heights.at(0) - 1360) <= 3, qPrintable(QString::number(heights.at(0))));
     }
 
     void chartTakesMoreOfATallPageThanTheTable()

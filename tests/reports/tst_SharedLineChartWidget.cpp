@@ -537,6 +537,17 @@ private Q_SLOTS:
         QTRY_VERIFY(!QToolTip::isVisible());
     }
 
+    // Qt takes a tooltip down by itself wherever it sees a mouse leave, so it is not to see this.
+    void chartThatTheMouseLeftHidesTheTooltipItself()
+    {
+        const Workspace workspace;
+        Chart chart(weekly({0.0, 9.0, 0.0}));
+        QCOMPARE(chart.pointsAt({426, 172}), u"01/17/2026\n$0.00"_s);
+        QEvent leave(QEvent::Leave);
+        static_cast<QObject *>(chart.widget)->event(&leave);
+        QTRY_VERIFY(!QToolTip::isVisible());
+    }
+
     void noTooltipComesUpBeforeTheFirstPaint()
     {
         const Workspace workspace;

@@ -55,6 +55,17 @@ private Q_SLOTS:
         QVERIFY(table.widget->horizontalHeader()->stretchLastSection());
     }
 
+    void severalRowsCanBeSelected()
+    {
+        const Workspace workspace;
+        const Table table;
+        table.widget->showRows(threeRows);
+        Person::clicksCell(table.widget, 0, 0);
+        QTest::keyClick(table.widget, Qt::Key_Down, Qt::ShiftModifier);
+        QTest::keyClick(table.widget, Qt::Key_Down, Qt::ShiftModifier);
+        QCOMPARE(table.widget->selectionModel()->selectedRows().size(), 3);
+    }
+
     void rowsShowAsGivenWithFiguresToTheRight()
     {
         const Workspace workspace;
