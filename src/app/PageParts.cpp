@@ -40,16 +40,18 @@ QString askForDatabase(QWidget *page, const QString &caption)
         QCoreApplication::translate("PageParts", "SQLite Database (*.db);;All Files (*.*)"));
 }
 
-void fillScrolling(QWidget *page, QWidget *content)
+QWidget *makeScrollingContent(QWidget *page)
 {
     auto *area = new QScrollArea(page);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
+    auto *content = new QWidget(area->viewport());
     area->setWidget(content);
     auto *layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(area);
+    return content;
 }
 
 } // namespace PageParts

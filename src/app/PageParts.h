@@ -33,7 +33,7 @@ QPushButton *addButton(QBoxLayout *row, const QString &text, const QString &obje
 /// Asks for a database file by hand. Empty if the person thinks better of it.
 QString askForDatabase(QWidget *page, const QString &caption);
 
-/// Fills `page` with `content`, which scrolls where the page is too small for it.
-void fillScrolling(QWidget *page, QWidget *content);
+/// Fills `page` with an empty widget, which scrolls where the page is too small for what it gets.
+QWidget *makeScrollingContent(QWidget *page);
 
 } // namespace PageParts

@@ -49,7 +49,7 @@ LocationsPage::~LocationsPage()
 // Tab goes through the parts of the page in the order in which they are made: from top to bottom.
 void LocationsPage::buildLayout()
 {
-    auto *inner = new QWidget(this);
+    QWidget *inner = PageParts::makeScrollingContent(this);
     auto *sections = new QVBoxLayout(inner);
     sections->setContentsMargins(12, 12, 12, 12);
     sections->setSpacing(8);
@@ -61,7 +61,6 @@ void LocationsPage::buildLayout()
     sections->addWidget(form);
     sections->addLayout(buildFormActions());
     sections->addStretch(1);
-    PageParts::fillScrolling(this, inner);
 }
 
 QBoxLayout *LocationsPage::buildActions()
@@ -146,15 +145,21 @@ void LocationsPage::showRows(const QList<QStringList> &rows)
     table->clear();
     table->setColumnCount(locationFieldCount);
     table->setRowCount(static_cast<int>(rows.size()));
-    for (int row = 0; row < table->rowCount(); ++row) {
-        for (int field = 0; field < locationFieldCount; ++field)
-            table->setItem(row, field, new DataCell(formOf(field), rows.at(row).at(field)));
-    }
+    fillCells(rows);
     UiScale::setSortableHeaders(table, {tr("Code"), tr("Name"), tr("Street"), tr("City"),
                                         tr("State"), tr("Zip"), tr("Lat"), tr("Lon"), tr("Notes")});
     UiScale::sortAsChosen(table);
     table->resizeColumnsToContents();
     table->setUpdatesEnabled(true);
+}
+
+void LocationsPage::fillCells(const QList<QStringList> &rows)
+{
+    const QSignalBlocker quiet(table->model()); // the view is not to look at each cell
+    for (int row = 0; row < table->rowCount(); ++row) {
+        for (int field = 0; field < locationFieldCount; ++field)
+            table->setItem(row, field, new DataCell(formOf(field), rows.at(row).at(field)));
+    }
 }
 
 void LocationsPage::loadSelection()

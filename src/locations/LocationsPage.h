@@ -38,6 +38,7 @@ private:
     void chooseDatabase();
     void refresh();
     void showRows(const QList<QStringList> &rows);
+    void fillCells(const QList<QStringList> &rows);
     void loadSelection();
     void loadRow(int row);
     void newLocation();

@@ -43,7 +43,7 @@ ImportPdfPage::ImportPdfPage(QWidget *parent)
 
 void ImportPdfPage::buildLayout()
 {
-    auto *inner = new QWidget(this);
+    QWidget *inner = PageParts::makeScrollingContent(this);
     auto *sections = new QVBoxLayout(inner);
     sections->setContentsMargins(12, 12, 12, 12);
     sections->setSpacing(10);
@@ -61,7 +61,6 @@ void ImportPdfPage::buildLayout()
     editor = new ReviewRowEditor(inner);
     sections->addWidget(editor);
     sections->addStretch(1);
-    PageParts::fillScrolling(this, inner);
 }
 
 QGroupBox *ImportPdfPage::buildControls()

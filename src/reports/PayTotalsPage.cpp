@@ -59,7 +59,7 @@ PayTotalsPage::~PayTotalsPage()
 
 void PayTotalsPage::buildLayout()
 {
-    auto *inner = new QWidget(this);
+    QWidget *inner = PageParts::makeScrollingContent(this);
     auto *sections = new QVBoxLayout(inner);
     sections->setContentsMargins(12, 12, 12, 12);
     sections->setSpacing(10);
@@ -74,7 +74,6 @@ void PayTotalsPage::buildLayout()
     sections->addWidget(buildCoreSection(), 2);
     sections->addWidget(buildNonTripSection(), 2);
     sections->addWidget(buildFuelSection(), 2);
-    PageParts::fillScrolling(this, inner);
 }
 
 QBoxLayout *PayTotalsPage::buildSelectors()

@@ -45,7 +45,7 @@ ReportsPage::ReportsPage(QWidget *parent)
 
 void ReportsPage::buildLayout()
 {
-    auto *inner = new QWidget(this);
+    QWidget *inner = PageParts::makeScrollingContent(this);
     auto *sections = new QVBoxLayout(inner);
     sections->setContentsMargins(12, 12, 12, 12);
     sections->setSpacing(10);
@@ -55,7 +55,6 @@ void ReportsPage::buildLayout()
     statusLabel = PageParts::makeNote(tr("Ready."), inner);
     statusLabel->setObjectName(u"reportStatus"_s);
     sections->addWidget(statusLabel);
-    PageParts::fillScrolling(this, inner);
 }
 
 QBoxLayout *ReportsPage::buildSelectors()

@@ -18,7 +18,7 @@ SettingsPage::SettingsPage(QWidget *parent)
     : QWidget(parent)
 {
     setObjectName(u"settingsPage"_s);
-    auto *inner = new QWidget(this);
+    QWidget *inner = PageParts::makeScrollingContent(this);
     auto *sections = new QVBoxLayout(inner);
     sections->setContentsMargins(18, 18, 18, 18);
     sections->setSpacing(12);
@@ -31,6 +31,5 @@ SettingsPage::SettingsPage(QWidget *parent)
     sections->addWidget(appearance);
     sections->addWidget(new DatabaseManagement(inner));
     sections->addStretch();
-    PageParts::fillScrolling(this, inner);
     connect(appearance, &AppearanceSettings::uiScaleChanged, this, &SettingsPage::uiScaleChanged);
 }

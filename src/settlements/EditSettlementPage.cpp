@@ -44,7 +44,7 @@ EditSettlementPage::~EditSettlementPage()
 // Tab goes through the parts of the page in the order in which they are made: from top to bottom.
 void EditSettlementPage::buildLayout()
 {
-    auto *inner = new QWidget(this);
+    QWidget *inner = PageParts::makeScrollingContent(this);
     auto *sections = new QVBoxLayout(inner);
     sections->setContentsMargins(12, 12, 12, 12);
     sections->setSpacing(10);
@@ -64,7 +64,6 @@ void EditSettlementPage::buildLayout()
     sections->addWidget(form);
     sections->addLayout(buildItemActions());
     sections->addStretch();
-    PageParts::fillScrolling(this, inner);
 }
 
 QBoxLayout *EditSettlementPage::buildActions()

@@ -41,7 +41,7 @@ ViewPayweekPage::~ViewPayweekPage()
 // Tab goes through the parts of the page in the order in which they are made: from top to bottom.
 void ViewPayweekPage::buildLayout()
 {
-    auto *inner = new QWidget(this);
+    QWidget *inner = PageParts::makeScrollingContent(this);
     auto *sections = new QVBoxLayout(inner);
     sections->setContentsMargins(12, 12, 12, 12);
     sections->setSpacing(10);
@@ -52,7 +52,6 @@ void ViewPayweekPage::buildLayout()
     tripTable = addTable(sections, u"payweekTrips"_s, tr("Trips in Selected Payweek"), 260);
     itemTable = addTable(sections, u"payweekItems"_s, tr("Non-Trip Settlement Items"), 220);
     sections->addStretch();
-    PageParts::fillScrolling(this, inner);
 }
 
 QHBoxLayout *ViewPayweekPage::buildActions()

@@ -76,6 +76,7 @@ void TripList::showTrips(const QList<QStringList> &rows)
 void TripList::fill(const QList<QStringList> &rows)
 {
     setRowCount(static_cast<int>(rows.size()));
+    const QSignalBlocker quiet(model()); // the view is not to look at each of 45,000 cells
     for (int row = 0; row < rowCount(); ++row) {
         for (int column = 0; column < TripColumnCount; ++column)
             setItem(row, column, cell(column, rows.at(row).at(column)));

@@ -75,7 +75,7 @@ void TripsPage::buildLayout()
     headingFont.setBold(true);
     heading->setFont(headingFont);
 
-    auto *inner = new QWidget(this);
+    QWidget *inner = PageParts::makeScrollingContent(this);
     auto *sections = new QVBoxLayout(inner);
     sections->setContentsMargins(12, 12, 12, 12);
     sections->setSpacing(8);
@@ -88,7 +88,6 @@ void TripsPage::buildLayout()
     buildEditors(inner, sections);
     details = new DetailsPane(inner);
     sections->addWidget(details);
-    PageParts::fillScrolling(this, inner);
 }
 
 void TripsPage::buildEditors(QWidget *inner, QVBoxLayout *sections)

@@ -121,8 +121,7 @@ void tst_PageParts::contentFillsThePageWithoutFrameOrMargin()
 {
     const Workspace workspace;
     QWidget page;
-    auto *content = new QWidget;
-    PageParts::fillScrolling(&page, content);
+    const QWidget *content = PageParts::makeScrollingContent(&page);
     page.resize(400, 300);
     page.show();
     QCOMPARE(page.layout()->contentsMargins(), QMargins());
@@ -135,9 +134,8 @@ void tst_PageParts::contentLargerThanThePageScrolls()
 {
     const Workspace workspace;
     QWidget page;
-    auto *content = new QWidget;
+    QWidget *content = PageParts::makeScrollingContent(&page);
     content->setMinimumHeight(900);
-    PageParts::fillScrolling(&page, content);
     page.resize(400, 300);
     page.show();
     QTRY_COMPARE(content->height(), 900);
