@@ -387,6 +387,20 @@ private Q_SLOTS:
         QCOMPARE(places.mode(), u"Save"_s);
     }
 
+    void withoutADatabaseTheMissingCodeIsNotAskedFor()
+    {
+        const Workspace workspace;
+        DialogRobot robot;
+        const LocationsWindow places;
+        expectNoDatabase(robot);
+        places.asksFor("saveLocationButton");
+        QCOMPARE(places.mode(), u"neither"_s);
+        expectNoDatabase(robot);
+        places.clicks(u"Delete Location"_s);
+        QCOMPARE(robot.seen().size(), 2);
+        QCOMPARE(places.statuses, QStringList());
+    }
+
     void fileClosedMeanwhileKeepsTheEdit()
     {
         Workspace workspace;

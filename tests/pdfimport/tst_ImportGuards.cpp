@@ -196,6 +196,14 @@ private Q_SLOTS:
         QCOMPARE(file.answers(settlement), blocked ? sameRows : u""_s);
     }
 
+    void blanksAroundThePayweekDoNotHideTheName()
+    {
+        const GuardedFile file({ofSameName});
+        SettlementParseResult settlement = reviewed();
+        settlement.payweek = u" 04/18/2026\t"_s;
+        QCOMPARE(file.answers(settlement), sameName);
+    }
+
     void nameInAnotherPayweekIsNotBlocked()
     {
         const GuardedFile file({ofSameName});

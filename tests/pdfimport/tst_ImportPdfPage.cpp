@@ -156,6 +156,17 @@ private Q_SLOTS:
                  QStringList({u"PDF Files (*.pdf)"_s, u"All Files (*.*)"_s}));
     }
 
+    void anotherPdfIsAskedForInTheFolderOfTheLast()
+    {
+        const Workspace workspace;
+        DialogRobot robot;
+        const ImportWindow window;
+        window.chooses(robot, workspace.makeFile(u"july/week16.pdf"_s, {}));
+        robot.expectFileDialog(u"Choose Settlement PDF for Fuel/DEF Scan"_s).dismiss();
+        window.clicks(u"Choose PDF"_s);
+        QCOMPARE(robot.seen().last().folder, workspace.path(u"july"_s));
+    }
+
     void cancelledFileDialogChangesNothing()
     {
         const Workspace workspace;

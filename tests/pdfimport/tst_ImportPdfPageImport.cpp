@@ -431,6 +431,24 @@ private Q_SLOTS:
         QCOMPARE(loggedImports(workspace), QList<QStringList>());
     }
 
+    void rowsAddedAfterClearBelongToNoSettlement()
+    {
+        Workspace workspace;
+        DialogRobot robot;
+        const ScannedWindow window(workspace, robot);
+        window.clicks(u"Clear"_s);
+        window.clicks(addButton);
+        QCOMPARE(window.summary(),
+                 u"Truck: (not found) | Payweek: (not found) | Fuel/DEF Rows: 1"_s);
+        QCOMPARE(window.grid()->item(0, 0)->data(Qt::UserRole), 1);
+        robot.expectContaining(DialogRobot::Warning, u"Dry-Run Blocked"_s, blankPayweek);
+        window.clicks(previewButton);
+        robot.expectContaining(DialogRobot::Warning, u"Import Blocked"_s, blankPayweek);
+        window.clicks(applyButton);
+        QCOMPARE(robot.seen().size(), 3);
+        QCOMPARE(loggedImports(workspace), QList<QStringList>());
+    }
+
     void withoutAFileThereIsNothingToImportInto()
     {
         const Workspace workspace;

@@ -2,6 +2,8 @@
 #include "ReviewedSettlement.h"
 #include "pdfimport/ImportRepository.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTest>
 
 #include <functional>
@@ -162,6 +164,23 @@ private Q_SLOTS:
                      {{u"512"_s, u"04/18/2026"_s, u"week16.pdf"_s,
                        u"5b24372bf6a4e5d82a7574061a051af1adc17b5e5498dcbff2878e0718bf7320"_s,
                        u"fuel_def_only"_s, u"{\"fuel_detail\":1,\"skipped\":0}"_s}}));
+    }
+
+    void storedPayloadNamesTheHashAndTheSignatureOfTheImport()
+    {
+        Workspace workspace;
+        workspace.makeTrips();
+        QCOMPARE(applyImport(reviewed()).success, true);
+        const QList<QStringList> logged =
+            workspace.rows(u"SELECT source_hash, payload_json FROM settlement_import_log"_s);
+        const QString hash = u"5b24372bf6a4e5d82a7574061a051af1adc17b5e5498dcbff2878e0718bf7320"_s;
+        const QString signature =
+            u"f708faeb2376ee6fe5463cdae060dfe65b47daa3a1573bcdcc3a6f561b868ffb"_s;
+        const QJsonObject payload =
+            QJsonDocument::fromJson(logged.first().last().toUtf8()).object();
+        QCOMPARE(logged.first().first(), hash);
+        QCOMPARE(payload.value("source_hash"_L1), hash);
+        QCOMPARE(payload.value("review_signature"_L1), signature);
     }
 
     void importTellsWhatItDid()

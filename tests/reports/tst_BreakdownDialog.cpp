@@ -1,4 +1,5 @@
 #include "reports/BreakdownDialog.h"
+#include "reports/TipReaders.h"
 #include "support/DialogRobot.h"
 #include "support/Person.h"
 #include "support/TableReaders.h"
@@ -9,6 +10,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPushButton>
 #include <QScopeGuard>
 #include <QScrollBar>
@@ -127,6 +129,20 @@ private Q_SLOTS:
         QCOMPARE(texts(open.table), QList<QStringList>({{u"04/18/2026"_s, u"1234.5000"_s},
                                                         {u"04/04/2026"_s, u"-20.0001"_s},
                                                         {u"4/11/2026"_s, u"0.0000"_s}}));
+    }
+
+    // The first value is the largest, and the last stands just above the smallest.
+    void chartShowsThePointsInTheOrderGiven()
+    {
+        const Workspace workspace;
+        const auto restored = qScopeGuard([] { QLocale::setDefault(QLocale::system()); });
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+        const OpenDialog open;
+        const QPoint first = open.chart->mapTo(&open.dialog, QPoint(86, 22));
+        const QPoint last = open.chart->mapTo(
+            &open.dialog, QPoint(open.chart->width() - 74, open.chart->height() - 91));
+        QCOMPARE(tipAt(open.dialog, first), u"04/18/2026\n$1,234.50"_s);
+        QCOMPARE(tipAt(open.dialog, last), u"4/11/2026\n$0.00"_s);
     }
 
     void clickOnAHeaderSortsNothing()

@@ -1,4 +1,5 @@
 #include "reports/ChartHover.h"
+#include "reports/TipReaders.h"
 #include "support/Person.h"
 #include "support/Workspace.h"
 
@@ -37,12 +38,7 @@ struct HoveredView
     }
 
     /// Moves the mouse, no button held, and gives the tooltip that is up then.
-    QString pointsAt(const QPoint &position)
-    {
-        QTest::mouseMove(window.windowHandle(), position);
-        QCoreApplication::processEvents();
-        return QToolTip::isVisible() ? QToolTip::text() : QString();
-    }
+    QString pointsAt(const QPoint &position) { return tipAt(window, position); }
 
     /// What happens each time the timer runs out.
     void timeRunsOut() const
@@ -57,16 +53,6 @@ struct HoveredView
     ChartHover *hover;
     QTimer *timer;
 };
-
-/// Qt's own window of a tooltip; null if none is up.
-QWidget *tipWindow()
-{
-    for (QWidget *widget : QApplication::topLevelWidgets()) {
-        if (widget->inherits("QTipLabel") && widget->isVisible())
-            return widget;
-    }
-    return nullptr;
-}
 
 /// In how many milliseconds the tooltip is to go: at the end of its time, and before that once Qt
 /// saw the mouse leave its place.
@@ -234,14 +220,20 @@ private Q_SLOTS:
         QCOMPARE(QToolTip::text(), u"left"_s);
     }
 
+    // The view lies away from the corner of its window, and the window from that of the screen.
     void tipStandsBesideTheMouse()
     {
         const Workspace workspace;
         HoveredView hovered;
-        QCOMPARE(hovered.pointsAt({114, 114}), u"left"_s);
-        const QPoint besideTheMouse = tipWindow()->pos() - QPoint(114, 114);
-        QCOMPARE(hovered.pointsAt({174, 104}), u"right"_s);
-        QCOMPARE(tipWindow()->pos() - QPoint(174, 104), besideTheMouse);
+        hovered.window.move(250, 300);
+        hovered.view->move(60, 40);
+        QCoreApplication::processEvents();
+        QCOMPARE(hovered.pointsAt({174, 154}), u"left"_s);
+        const QPoint distance = tipDistance(hovered.window, {174, 154});
+        QVERIFY2(QRect(0, 0, 40, 40).contains(distance),
+                 qPrintable(u"%1, %2"_s.arg(distance.x()).arg(distance.y())));
+        QCOMPARE(hovered.pointsAt({234, 144}), u"right"_s);
+        QCOMPARE(tipDistance(hovered.window, {234, 144}), distance);
     }
 
     void tipLastsThreeSeconds()
@@ -286,10 +278,10 @@ private Q_SLOTS:
         const Workspace workspace;
         HoveredView hovered;
         QCOMPARE(hovered.pointsAt({114, 100}), u"left"_s);
-        const QPoint besideTheMouse = tipWindow()->pos() - QPoint(114, 100);
+        const QPoint besideTheMouse = tipDistance(hovered.window, {114, 100});
         QCOMPARE(hovered.pointsAt({114, 84}), u"left"_s);
         hovered.timeRunsOut();
-        QCOMPARE(tipWindow()->pos() - QPoint(114, 84), besideTheMouse);
+        QCOMPARE(tipDistance(hovered.window, {114, 84}), besideTheMouse);
         // From 56 to 111 around the mouse, and no longer to 127.
         hovered.pointsAt({114, 111});
         QCOMPARE(timesToGo(), QList<int>({3000}));

@@ -210,6 +210,19 @@ private Q_SLOTS:
                  QList<double>({1.0, 0.0, 0.0, 0.0, 0.0, 0.0}));
     }
 
+    void amountsWithTextBehindThemCountAsTheirNumbers()
+    {
+        const TotalsFile file;
+        const qint64 id = trip().payweek(week).insert(file.workspace);
+        fuel(id, u"DEF"_s, 0.0, 0.0, 0.0)
+            .set(u"cost"_s, u"40.5 due"_s)
+            .set(u"discount"_s, u"12.5 paid"_s)
+            .set(u"gallons"_s, u"10 gal"_s)
+            .insert(file.workspace);
+        QCOMPARE(figuresOf(loadPayweekFuelTotals(file.database(), week).def),
+                 QList<double>({1.0, 40.5, 12.5, 28.0, 10.0, 2.8}));
+    }
+
     void purchasesStandInTheOrderOfTheStoredPayweeks()
     {
         const TotalsFile file;

@@ -49,6 +49,29 @@ private Q_SLOTS:
                  {u"Tire Fund"_s, u"expense"_s, u"Tire Fund"_s, u"1"_s, u"50"_s, u"-50"_s}}));
     }
 
+    void kindsOfOneNameAreAGroupEach()
+    {
+        const TotalsFile file;
+        expense(week, u"Tire Fund"_s, 50.0).insert(file.workspace);
+        revenue(week, u"Tire Fund"_s, 20.0).insert(file.workspace);
+        const QString fund = u"Tire Fund"_s;
+        QCOMPARE(groupTexts(loadPayweekNonTripTotals(file.database(), week)),
+                 QList<QStringList>({{fund, u"expense"_s, fund, u"1"_s, u"50"_s, u"-50"_s},
+                                     {fund, u"revenue"_s, fund, u"1"_s, u"20"_s, u"20"_s}}));
+    }
+
+    void groupsOfACategoryStandByKindBeforeName()
+    {
+        const TotalsFile file;
+        revenue(week, u"Tire Fund"_s, 20.0).insert(file.workspace);
+        expense(week, u"Tire Fund Deposit"_s, 50.0).insert(file.workspace);
+        const QString fund = u"Tire Fund"_s;
+        QCOMPARE(groupTexts(loadPayweekNonTripTotals(file.database(), week)),
+                 QList<QStringList>(
+                     {{fund, u"expense"_s, u"Tire Fund Deposit"_s, u"1"_s, u"50"_s, u"-50"_s},
+                      {fund, u"revenue"_s, fund, u"1"_s, u"20"_s, u"20"_s}}));
+    }
+
     void rowsStandByDateKindNameAndOrderOfEntry()
     {
         const TotalsFile file;
@@ -182,6 +205,15 @@ private Q_SLOTS:
         const NonTripTotals totals = loadPayweekNonTripTotals(file.database(), week);
         QCOMPARE(figuresOf(totals), QList<double>(8, 0.0));
         QCOMPARE(totals.rows.size(), 3);
+    }
+
+    void amountWithTextBehindItCountsAsItsNumber()
+    {
+        const TotalsFile file;
+        expense(week, u"Permit"_s, 0.0).set(u"amount"_s, u"12.5 paid"_s).insert(file.workspace);
+        const NonTripTotals totals = loadPayweekNonTripTotals(file.database(), week);
+        QCOMPARE(totals.otherExpense, 12.5);
+        QCOMPARE(totals.netImpact, -12.5);
     }
 
     void tabsAroundKindAndNameMakeNoDifference()

@@ -36,6 +36,12 @@ public:
         return view.dialogs().constLast()->findChild<QTableWidget *>();
     }
 
+    /// What the dialog opened last says below its table.
+    [[nodiscard]] QString summary() const
+    {
+        return view.dialogs().constLast()->findChild<QTextEdit *>()->toPlainText();
+    }
+
     [[nodiscard]] const Workspace &workspace() const { return file.workspace; }
 
     WorkedFile file;
@@ -67,11 +73,10 @@ private Q_SLOTS:
         totals.view.clicksRow(totals.view.core(), u"Trip Revenue"_s);
         QCOMPARE(texts(totals.table()),
                  QList<QStringList>({{week, u"1500.5000"_s}, {nextWeek, u"900.0000"_s}}));
-        QCOMPARE(totals.view.dialogs().constLast()->findChild<QTextEdit *>()->toPlainText(),
-                 u"Trip Revenue weekly breakdown\nYear: 2026\n\n"
-                 "01/02/2026  \u2014  1500.5000\n"
-                 "01/09/2026  \u2014  900.0000\n\n"
-                 "Total: 2400.5000\n"_s);
+        QCOMPARE(totals.summary(), u"Trip Revenue weekly breakdown\nYear: 2026\n\n"
+                                   "01/02/2026  \u2014  1500.5000\n"
+                                   "01/09/2026  \u2014  900.0000\n\n"
+                                   "Total: 2400.5000\n"_s);
     }
 
     void columnOfTheClickDoesNotMatter()
@@ -149,6 +154,17 @@ private Q_SLOTS:
         QTEST(column(totals.table(), u"Value"_s), "values");
     }
 
+    void summaryOfAFuelRowSaysThatItIsTheNetCost()
+    {
+        WorkedTotals totals;
+        totals.expects(weeklyTitle(u"DEF"_s));
+        totals.view.clicksRow(totals.view.fuel(), u"DEF"_s);
+        QCOMPARE(totals.summary(), u"DEF Net Cost weekly breakdown\nYear: 2026\n\n"
+                                   "01/02/2026  \u2014  29.0000\n"
+                                   "01/09/2026  \u2014  0.0000\n\n"
+                                   "Total: 29.0000\n"_s);
+    }
+
     void weeklyBreakdownReadsTheFileAnew()
     {
         WorkedTotals totals;
@@ -191,6 +207,18 @@ private Q_SLOTS:
         for (int row = 0; row < 4; ++row)
             Person::clicksCell(view.fuel(), row, 2);
         QCOMPARE(robot.seen().size(), 0);
+        QCOMPARE(view.dialogs().size(), 0);
+    }
+
+    void clickOnAFuelRowWithoutAYearAsksForAFileThatWasClosed()
+    {
+        Workspace workspace;
+        DialogRobot robot;
+        const TotalsWindow view(workspace.makeTrips());
+        DatabaseLocator::closeAllSqliteConnections();
+        robot.expect(DialogRobot::Information, fuelBox, u"Open trips.db first."_s);
+        Person::clicksCell(view.fuel(), 0, 2);
+        QCOMPARE(robot.seen().size(), 1);
         QCOMPARE(view.dialogs().size(), 0);
     }
 

@@ -1,5 +1,6 @@
 #include "reports/LineChartGeometry.h"
 #include "reports/PayTotalsPopups.h"
+#include "reports/TipReaders.h"
 #include "support/DialogRobot.h"
 #include "support/Person.h"
 #include "support/TableReaders.h"
@@ -10,7 +11,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
-#include <QToolTip>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -78,9 +78,7 @@ public:
         for (const ChartHoverPoint &point : LineChartGeometry::plottedPoints(points, plot)) {
             const QPoint place = QPointF(point.x, point.y).toPoint();
             QTest::mouseMove(dialog->windowHandle(), {1, 1});
-            QTest::mouseMove(dialog->windowHandle(), chart()->mapTo(dialog.get(), place));
-            QCoreApplication::processEvents();
-            told.append(QToolTip::isVisible() ? QToolTip::text() : QString());
+            told.append(tipAt(*dialog, chart()->mapTo(dialog.get(), place)));
         }
         return told;
     }

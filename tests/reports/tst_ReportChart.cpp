@@ -1,8 +1,4 @@
-#include "reports/ReportChart.h"
-#include "reports/ReportRows.h"
-
-#include <QImage>
-#include <QPainter>
+#include "reports/ReportPicture.h"
 
 #include <algorithm>
 
@@ -10,46 +6,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The least canvas: its plot reaches from 86 to 724 and from 54 to 470.
-const QSize least(760, 620);
 const QRect plot(86, 54, 638, 416);
 
-const QColor white(255, 255, 255);
 const QColor plotGround(250, 250, 250);
-const QColor blue(30, 90, 180);
 const QColor red(190, 70, 40);
 const QColor green(30, 150, 80);
-
-QFont textFont(int pointSize = 10)
-{
-    QFont font;
-    font.setPointSize(pointSize);
-    return font;
-}
-
-ReportChart lines(const ReportSeriesData &report, int pointSize = 10)
-{
-    return ReportChart::draw(report, u"cpms"_s, least, textFont(pointSize), 1.0);
-}
-
-ReportChart bars(const ReportSeriesData &report)
-{
-    return ReportChart::draw(report, u"rev_cost_net"_s, least, textFont(), 1.0);
-}
-
-QImage picture(const ReportChart &chart)
-{
-    return chart.pixmap.toImage().convertToFormat(QImage::Format_RGB32);
-}
 
 QColor lighter(const QColor &color)
 {
     return QColor(color.lighter(135).rgb());
-}
-
-bool isDark(const QColor &color)
-{
-    return color.lightness() < 140;
 }
 
 /// The grid, the frame, the zero line and the texts are grey; only a series has a hue.
@@ -59,58 +24,10 @@ bool hasHue(const QColor &color)
     return high - low > 60;
 }
 
-/// The smallest rectangle that holds all pixels of `area` that are `wanted`.
-QRect extent(const QImage &image, const QRect &area, bool (*wanted)(const QColor &))
-{
-    QRect found;
-    for (int y = area.top(); y <= area.bottom(); ++y) {
-        for (int x = area.left(); x <= area.right(); ++x) {
-            if (wanted(image.pixelColor(x, y)))
-                found |= QRect(x, y, 1, 1);
-        }
-    }
-    return found;
-}
-
-/// A blank canvas with what `write` puts on it.
-template <typename Write>
-QImage canvasWith(int pointSize, Write write)
-{
-    QPixmap canvas(least);
-    canvas.fill(Qt::white);
-    QPainter painter(&canvas);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setFont(textFont(pointSize));
-    write(painter);
-    painter.end();
-    return canvas.toImage().convertToFormat(QImage::Format_RGB32);
-}
-
-const QRect axisArea(0, 40, 80, 445);
-const QString zero = u"$0.00"_s;
-
-/// What stands beside the grid lines when these are the texts of the axis.
-QImage axisWith(const QStringList &texts, int pointSize)
-{
-    const QImage canvas = canvasWith(pointSize, [&texts](QPainter &painter) {
-        for (qsizetype line = 0; line < texts.size(); ++line)
-            painter.drawText(QRectF(4, 45.0 + 416.0 * double(line) / 5.0, 74, 18),
-                             Qt::AlignRight | Qt::AlignVCenter, texts.at(line));
-    });
-    return canvas.copy(axisArea);
-}
-
-QList<double> zigzag(int weeks)
-{
-    QList<double> values;
-    for (int week = 0; week < weeks; ++week)
-        values.append(week % 2 == 0 ? 900.0 : -300.0);
-    return values;
-}
-
 } // namespace
 
-/// A report as it is painted.
+/// The canvas, the plot, the lines and the bars of a report as they are painted, and what lies
+/// under the mouse.
 class tst_ReportChart : public QObject
 {
     Q_OBJECT
@@ -125,31 +42,6 @@ private Q_SLOTS:
              {QPoint(0, 0), QPoint(759, 0), QPoint(0, 619), QPoint(759, 619)})
             QCOMPARE(image.pixelColor(corner), white);
         QCOMPARE(image.pixelColor(740, 300), white);
-    }
-
-    void titleStandsInTheMiddleAboveThePlot()
-    {
-        const Workspace workspace;
-        const QImage image = picture(lines(dollars({{u"A"_s, {5.0}}})));
-        const QRect title = extent(image, QRect(0, 0, 760, 44), isDark);
-        QVERIFY(QRect(0, 14, 760, 30).contains(title));
-        QVERIFY(title.width() > 20);
-        QVERIFY(std::abs(title.center().x() - 380) <= 2);
-    }
-
-    void titleIsThatOfTheReportInBold()
-    {
-        const Workspace workspace;
-        ReportSeriesData report = dollars({{u"A"_s, {5.0}}});
-        report.title = u"Revenue vs Cost"_s;
-        const QRect top(0, 0, 760, 44);
-        const QImage expected = canvasWith(12, [](QPainter &painter) {
-            QFont bold = painter.font();
-            bold.setBold(true);
-            painter.setFont(bold);
-            painter.drawText(QRectF(0, 14, 760, 30), Qt::AlignCenter, u"Revenue vs Cost"_s);
-        });
-        QCOMPARE(picture(lines(report)).copy(top), expected.copy(top));
     }
 
     void sixGridLinesCrossThePlot()
@@ -176,56 +68,6 @@ private Q_SLOTS:
         QVERIFY(isDark(image.pixelColor(150, 470)));
         QCOMPARE(image.pixelColor(88, 280), plotGround);
         QCOMPARE(image.pixelColor(726, 280), white);
-    }
-
-    void axisReadsSixValues()
-    {
-        const Workspace workspace;
-        const QImage image = picture(lines(dollars({{u"A"_s, {5.0}}})));
-        for (const int y : {54, 137, 220, 303, 386, 470}) {
-            const QRect text = extent(image, QRect(0, y - 20, 80, 40), isDark);
-            QVERIFY2(QRect(4, y - 10, 76, 20).contains(text), qPrintable(QString::number(y)));
-            QVERIFY(text.right() >= 74);
-        }
-    }
-
-    void axisFallsFromTheLargestValueToTheSmallest_data()
-    {
-        QTest::addColumn<QList<double>>("values");
-        QTest::addColumn<QStringList>("axis");
-        QTest::addColumn<int>("pointSize");
-        using Values = QList<double>;
-        QTest::newRow("above zero")
-            << Values{50.0}
-            << QStringList{u"$50.00"_s, u"$40.00"_s, u"$30.00"_s, u"$20.00"_s, u"$10.00"_s, zero}
-            << 11;
-        QTest::newRow("down to a zero that rounding misses")
-            << Values{1.62}
-            << QStringList{u"$1.62"_s, u"$1.30"_s, u"$0.97"_s, u"$0.65"_s, u"$0.32"_s, zero} << 11;
-        QTest::newRow("on both sides of zero")
-            << Values{-1000.0, 4000.0} << QStringList{u"$4000.00"_s, u"$3000.00"_s, u"$2000.00"_s,
-                                                      u"$1000.00"_s, zero,          u"$-1000.00"_s}
-            << 10;
-    }
-
-    void axisFallsFromTheLargestValueToTheSmallest()
-    {
-        QFETCH(const QList<double>, values);
-        QFETCH(const QStringList, axis);
-        QFETCH(const int, pointSize);
-        const Workspace workspace;
-        const QImage image = picture(bars(dollars({{u"A"_s, values}})));
-        QCOMPARE(image.copy(axisArea), axisWith(axis, pointSize));
-    }
-
-    void textsAreNoSmallerThanEightPoints()
-    {
-        const Workspace workspace;
-        const QImage image = picture(
-            ReportChart::draw(dollars({{u"A"_s, {50.0}}}), u"miles"_s, least, textFont(6), 1.0));
-        QCOMPARE(
-            image.copy(axisArea),
-            axisWith({u"$50.00"_s, u"$40.00"_s, u"$30.00"_s, u"$20.00"_s, u"$10.00"_s, zero}, 8));
     }
 
     void dashedLineMarksZeroBetweenValuesOfBothSigns()
@@ -413,29 +255,6 @@ private Q_SLOTS:
                  qPrintable(u"%1 to %2"_s.arg(found.left()).arg(found.right())));
     }
 
-    void reportWithoutDataSaysSo_data()
-    {
-        QTest::addColumn<ReportSeriesData>("report");
-        QTest::newRow("no payweeks") << dollars({{u"A"_s, {}}});
-        ReportSeriesData report = dollars({});
-        report.payweeks = QStringList(u"01/02/2026"_s);
-        QTest::newRow("no series") << report;
-    }
-
-    void reportWithoutDataSaysSo()
-    {
-        QFETCH(const ReportSeriesData, report);
-        const Workspace workspace;
-        const ReportChart chart = lines(report);
-        const QImage image = picture(chart);
-        QVERIFY(extent(image, QRect(0, 14, 760, 30), isDark).isValid());
-        const QRect text = extent(image, QRect(0, 50, 760, 570), isDark);
-        QVERIFY(text.width() > 30);
-        QVERIFY((text.center() - QPoint(380, 310)).manhattanLength() <= 4);
-        QCOMPARE(image.pixelColor(100, 100), white);
-        QCOMPARE(chart.hitRegions.size(), 0);
-    }
-
     void legendHasASwatchForEachSeries()
     {
         const Workspace workspace;
@@ -448,95 +267,6 @@ private Q_SLOTS:
             QCOMPARE(image.pixelColor(left + 5, 571), colors.at(i));
             QVERIFY(extent(image, QRect(left + 28, 565, 100, 15), isDark).isValid());
         }
-    }
-
-    void everySwatchHasItsOwnNameBesideIt()
-    {
-        const Workspace workspace;
-        const QImage image =
-            picture(lines(dollars({{u"Gamma"_s, {5.0}}, {u"Alpha"_s, {5.0}}, {u"Beta"_s, {5.0}}})));
-        const QImage expected = canvasWith(11, [](QPainter &painter) {
-            painter.drawText(QPointF(114, 578), u"Alpha"_s);
-            painter.drawText(QPointF(304, 578), u"Beta"_s);
-            painter.drawText(QPointF(494, 578), u"Gamma"_s);
-        });
-        for (const QRect name :
-             {QRect(100, 560, 170, 50), QRect(290, 560, 170, 50), QRect(480, 560, 170, 50)})
-            QCOMPARE(image.copy(name), expected.copy(name));
-    }
-
-    void everyPayweekHasItsOwnLabel_data()
-    {
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<QList<double>>("payweekX");
-        QTest::newRow("bars") << u"miles"_s << QList<double>{86 + 638 / 6.0, 405, 86 + 638 / 1.2};
-        QTest::newRow("lines") << u"cpms"_s << QList<double>{86, 405, 724};
-    }
-
-    void everyPayweekHasItsOwnLabel()
-    {
-        QFETCH(const QString, key);
-        QFETCH(const QList<double>, payweekX);
-        const Workspace workspace;
-        const QImage image = picture(
-            ReportChart::draw(dollars({{u"A"_s, {5.0, 6.0, 7.0}}}), key, least, textFont(), 1.0));
-        const QImage expected = canvasWith(11, [&payweekX](QPainter &painter) {
-            const QStringList labels = {u"01-02"_s, u"01-09"_s, u"01-16"_s};
-            for (qsizetype i = 0; i < labels.size(); ++i) {
-                painter.save();
-                painter.translate(payweekX.at(i) - 10, 470 + 46);
-                painter.rotate(-45);
-                painter.drawText(QPointF(), labels.at(i));
-                painter.restore();
-            }
-        });
-        const QRect below(0, 485, 760, 60);
-        QCOMPARE(image.copy(below), expected.copy(below));
-    }
-
-    void labelsStandBelowTheirPayweeks()
-    {
-        const Workspace workspace;
-        const QRect below(0, 480, 760, 60);
-        const QImage line = picture(lines(dollars({{u"A"_s, {5.0}}})));
-        const QRect label = extent(line, below, isDark);
-        QVERIFY2(QRect(385, 480, 50, 40).contains(label), qPrintable(QString::number(label.top())));
-        QVERIFY(label.height() > 15);
-        const QImage bar = picture(bars(dollars({{u"A"_s, {5.0, 6.0}}})));
-        QVERIFY(extent(bar, QRect(225, 480, 50, 40), isDark).isValid());
-        QVERIFY(extent(bar, QRect(544, 480, 50, 40), isDark).isValid());
-        QCOMPARE(extent(bar, QRect(300, 480, 220, 40), isDark), QRect());
-    }
-
-    void textsKeepApartAtALargeScale()
-    {
-        const Workspace workspace;
-        const QImage image = picture(lines(dollars({{u"Net Revenue CPM"_s, zigzag(53)},
-                                                    {u"Total Revenue CPM"_s, zigzag(53)},
-                                                    {u"Trip Revenue CPM"_s, zigzag(53)}}),
-                                           17));
-        // In front of the swatches at 276 and 466, and inside of the plot's lower edge.
-        QCOMPARE(extent(image, QRect(270, 560, 5, 30), isDark), QRect());
-        QCOMPARE(extent(image, QRect(460, 560, 5, 30), isDark), QRect());
-        const auto isBlack = [](const QColor &color) { return color.lightness() < 20; };
-        QCOMPARE(extent(image, QRect(90, 450, 630, 18), isBlack), QRect());
-    }
-
-    void trillionsAreNotCutOff_data()
-    {
-        QTest::addColumn<int>("pointSize");
-        QTest::newRow("small scale") << 8;
-        QTest::newRow("large scale") << 17;
-    }
-
-    void trillionsAreNotCutOff()
-    {
-        QFETCH(const int, pointSize);
-        const Workspace workspace;
-        const QImage image = picture(lines(dollars({{u"A"_s, {-1e12, 1e12}}}), pointSize));
-        const QRect text = extent(image, QRect(0, 40, 82, 440), isDark);
-        QVERIFY2(text.left() >= 2, qPrintable(QString::number(text.left())));
-        QVERIFY(text.width() > 50);
     }
 
     void hitRegionsOfPointsTellThemInOrder()

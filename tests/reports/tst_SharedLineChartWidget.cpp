@@ -1,17 +1,10 @@
-#include "reports/SharedLineChartWidget.h"
-#include "support/Person.h"
+#include "reports/LineChartWindow.h"
 #include "support/Workspace.h"
 
-#include <QApplication>
-#include <QDate>
 #include <QImage>
-#include <QLocale>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QSet>
 #include <QTest>
-#include <QToolTip>
-#include <QWindow>
 
 #include <algorithm>
 #include <array>
@@ -90,28 +83,14 @@ int labelsIn(const QImage &picture)
     return labels;
 }
 
-QList<ChartPoint> weekly(const QList<double> &values)
-{
-    QList<ChartPoint> points;
-    for (const double value : values)
-        points.append(
-            {QDate(2026, 1, 3).addDays(7 * points.size()).toString(u"MM/dd/yyyy"_s), value});
-    return points;
-}
-
-/// A chart in the corner of a window that has room beside it. At 100 percent its plot reaches from
-/// 86 to 426 and from 22 to 172.
-class Chart
+/// A chart whose colours tell the inks apart.
+class Chart : public LineChartWindow
 {
 public:
     explicit Chart(const QList<ChartPoint> &points, const QSize &size = {500, 260})
-        : widget(new SharedLineChartWidget(points, &window))
+        : LineChartWindow(points, size)
     {
         widget->setPalette(paletteOfFour());
-        widget->resize(size);
-        Person::shows(window);
-        // The mouse may rest where another test left it, and there a move would be none.
-        QTest::mouseMove(window.windowHandle(), {890, 590});
     }
 
     [[nodiscard]] QImage picture() const
@@ -120,18 +99,10 @@ public:
         widget->render(&image);
         return image;
     }
-
-    /// Moves the mouse, no button held, and gives the tooltip that comes up.
-    QString pointsAt(const QPoint &position)
-    {
-        QTest::mouseMove(window.windowHandle(), position);
-        QCoreApplication::processEvents();
-        return QToolTip::isVisible() ? QToolTip::text() : QString();
-    }
-
-    QWidget window;
-    SharedLineChartWidget *widget;
 };
+
+const QRect insideThePlot(95, 30, 325, 110);
+const QRect underThePlot(0, 180, 500, 80);
 
 /// What stands left of the plot at 175 percent when the axis has these texts.
 QImage axis(const Chart &chart, const QString &top, const QString &bottom)
@@ -148,15 +119,27 @@ QImage axis(const Chart &chart, const QString &top, const QString &bottom)
     return image.copy(0, 0, 130, image.height());
 }
 
-QList<ChartPoint> wavesOf(int weeks)
+/// What stands under the plot of a chart of 500 by 260 when these labels begin at these places.
+QImage labelsAt(const Chart &chart, const QList<int> &places, const QStringList &labels)
 {
-    QList<double> values;
-    for (int week = 0; week < weeks; ++week)
-        values.append(100.0 * (week % 4));
-    return weekly(values);
+    QImage image(500, 260, QImage::Format_RGB32);
+    image.fill(colors[Base]);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(colors[Text]);
+    QFont font = chart.widget->font();
+    font.setPointSizeF(font.pointSizeF() * 0.95);
+    painter.setFont(font);
+    for (qsizetype i = 0; i < labels.size(); ++i) {
+        painter.save();
+        painter.translate(places.at(i), 218);
+        painter.rotate(-45);
+        painter.drawText(QRectF(0, 0, 96, 20), Qt::AlignLeft | Qt::AlignBottom, labels.at(i));
+        painter.restore();
+    }
+    painter.end();
+    return image.copy(underThePlot);
 }
-
-const QRect insideThePlot(95, 30, 325, 110);
 
 } // namespace
 
@@ -165,15 +148,6 @@ class tst_SharedLineChartWidget : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates)); }
-
-    void cleanup()
-    {
-        QToolTip::hideText();
-        QTRY_VERIFY(!QToolTip::isVisible());
-        QLocale::setDefault(QLocale::system());
-    }
-
     void onePointStandsAtTheHorizontalCentreAsOneDotWithoutALine()
     {
         const Workspace workspace;
@@ -331,41 +305,30 @@ private Q_SLOTS:
     }
 
     // Point 17 stands between the labelled ones, at a third of the width.
-    void everyOneOfFiftyTwoPointsKeepsItsDotAndTooltip()
+    void everyOneOfFiftyTwoPointsKeepsItsDot()
     {
         const Workspace workspace;
-        Chart chart(wavesOf(52));
-        const QImage picture = chart.picture();
+        const QImage picture = Chart(wavesOf(52)).picture();
         QCOMPARE(inkAt(picture, 199, 122), Highlight);
-        QCOMPARE(chart.pointsAt({199, 122}), u"05/02/2026\n$100.00"_s);
-        QStringList tips;
-        for (int week = 0; week < 52; ++week) {
-            const QPoint dot(86 + week * 340 / 51, 172 - 50 * (week % 4));
-            QCOMPARE(inkAt(picture, dot.x(), dot.y()), Highlight);
-            tips.append(chart.pointsAt(dot));
-        }
-        tips.removeDuplicates();
-        QCOMPARE(tips.size(), 52);
+        for (int week = 0; week < 52; ++week)
+            QCOMPARE(inkAt(picture, 86 + week * 340 / 51, 172 - 50 * (week % 4)), Highlight);
     }
 
     void labelRisesToTheRightInSlightlySmallerLetters()
     {
         const Workspace workspace;
         const Chart chart(weekly({5.0}));
-        QImage expected(500, 260, QImage::Format_RGB32);
-        expected.fill(colors[Base]);
-        QPainter painter(&expected);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(colors[Text]);
-        QFont font = chart.widget->font();
-        font.setPointSizeF(font.pointSizeF() * 0.95);
-        painter.setFont(font);
-        painter.translate(248, 218);
-        painter.rotate(-45);
-        painter.drawText(QRectF(0, 0, 96, 20), Qt::AlignLeft | Qt::AlignBottom, u"01/03/2026"_s);
-        painter.end();
-        const QRect underThePlot(0, 180, 500, 80);
-        QCOMPARE(chart.picture().copy(underThePlot), expected.copy(underThePlot));
+        QCOMPARE(chart.picture().copy(underThePlot),
+                 labelsAt(chart, {248}, QStringList(u"01/03/2026"_s)));
+    }
+
+    void everyLabelIsThatOfItsOwnPoint()
+    {
+        const Workspace workspace;
+        const Chart chart(weekly({5.0, 6.0, 7.0}));
+        QCOMPARE(
+            chart.picture().copy(underThePlot),
+            labelsAt(chart, {78, 248, 418}, {u"01/03/2026"_s, u"01/10/2026"_s, u"01/17/2026"_s}));
     }
 
     void slopingLineIsSmooth()
@@ -436,14 +399,12 @@ private Q_SLOTS:
     void withoutPointsItSaysSoInAnEmptyFrame()
     {
         const Workspace workspace;
-        Chart chart(QList<ChartPoint>{});
-        const QImage picture = chart.picture();
+        const QImage picture = Chart(QList<ChartPoint>{}).picture();
         QCOMPARE(inkAt(picture, 300, 22), Mid);
         const QPoint centre = extent(picture, Mid, QRect(95, 100, 320, 60)).center();
         QVERIFY(QRect(246, 126, 8, 8).contains(centre));
         QCOMPARE(pixels(picture, Text, picture.rect()), 0);
         QCOMPARE(pixels(picture, Highlight, picture.rect()), 0);
-        QCOMPARE(chart.pointsAt({250, 97}), QString());
     }
 
     void coloursFollowThePalette()
@@ -470,10 +431,8 @@ private Q_SLOTS:
     void valueThatIsNoNumberIsDrawnAsZero()
     {
         const Workspace workspace;
-        Chart chart(weekly({8.0, notANumber, infinite}));
-        QCOMPARE(chart.picture(), Chart(weekly({8.0, 0.0, 0.0})).picture());
-        QCOMPARE(chart.pointsAt({256, 172}), u"01/10/2026\n$0.00"_s);
-        QCOMPARE(chart.pointsAt({426, 172}), u"01/17/2026\n$0.00"_s);
+        QCOMPARE(Chart(weekly({8.0, notANumber, infinite})).picture(),
+                 Chart(weekly({8.0, 0.0, 0.0})).picture());
     }
 
     void fontMeasuredInPixelsServesToo()
@@ -486,80 +445,6 @@ private Q_SLOTS:
         const QImage picture = chart.picture();
         QCOMPARE(labelsIn(picture), 1);
         QVERIFY(extent(picture, Text, QRect(0, 10, 80, 25)).left() >= 6);
-    }
-
-    void tooltipTellsLabelAndValueAsCurrency_data()
-    {
-        QTest::addColumn<QLocale>("locale");
-        QTest::addColumn<QString>("tip");
-        QTest::newRow("United States")
-            << QLocale(QLocale::English, QLocale::UnitedStates) << u"01/10/2026\n$1,234.50"_s;
-        QTest::newRow("Germany") << QLocale(QLocale::German, QLocale::Germany)
-                                 << u"01/10/2026\n1.234,50\u00A0\u20AC"_s;
-    }
-
-    void tooltipTellsLabelAndValueAsCurrency()
-    {
-        QFETCH(const QLocale, locale);
-        const Workspace workspace;
-        QLocale::setDefault(locale);
-        Chart chart(weekly({0.0, 1234.5, 0.0}));
-        QTEST(chart.pointsAt({256, 22}), "tip");
-    }
-
-    void tooltipComesUpWithinReachOfAPointOnly()
-    {
-        const Workspace workspace;
-        Chart chart(weekly({0.0, 9.0, 0.0}));
-        QCOMPARE(chart.pointsAt({256, 33}), QString());
-        QCOMPARE(chart.pointsAt({256, 32}), u"01/10/2026\n$9.00"_s);
-        QCOMPARE(chart.pointsAt({418, 166}), u"01/17/2026\n$0.00"_s);
-        QTest::mouseMove(chart.window.windowHandle(), {300, 150});
-        QTRY_VERIFY(!QToolTip::isVisible());
-    }
-
-    void tooltipIsWhereThePointIsAfterAResize()
-    {
-        const Workspace workspace;
-        Chart chart(weekly({0.0, 9.0, 0.0}));
-        chart.widget->resize(600, 360);
-        QCoreApplication::processEvents();
-        QCOMPARE(chart.pointsAt({256, 22}), QString());
-        QCOMPARE(chart.pointsAt({306, 22}), u"01/10/2026\n$9.00"_s);
-    }
-
-    void mouseThatLeavesTheChartHidesTheTooltip()
-    {
-        const Workspace workspace;
-        Chart chart(weekly({0.0, 9.0, 0.0}));
-        QCOMPARE(chart.pointsAt({426, 172}), u"01/17/2026\n$0.00"_s);
-        QTest::mouseMove(chart.window.windowHandle(), {700, 400});
-        QTRY_VERIFY(!QToolTip::isVisible());
-    }
-
-    // Qt takes a tooltip down by itself wherever it sees a mouse leave, so it is not to see this.
-    void chartThatTheMouseLeftHidesTheTooltipItself()
-    {
-        const Workspace workspace;
-        Chart chart(weekly({0.0, 9.0, 0.0}));
-        QCOMPARE(chart.pointsAt({426, 172}), u"01/17/2026\n$0.00"_s);
-        QEvent leave(QEvent::Leave);
-        static_cast<QObject *>(chart.widget)->event(&leave);
-        QTRY_VERIFY(!QToolTip::isVisible());
-    }
-
-    void noTooltipComesUpBeforeTheFirstPaint()
-    {
-        const Workspace workspace;
-        SharedLineChartWidget chart(weekly({5}));
-        chart.resize(500, 260);
-        QMouseEvent move(QEvent::MouseMove, QPointF(256, 22), QPointF(256, 22), Qt::NoButton,
-                         Qt::NoButton, Qt::NoModifier);
-        QApplication::sendEvent(&chart, &move);
-        QVERIFY(!QToolTip::isVisible());
-        chart.grab();
-        QApplication::sendEvent(&chart, &move);
-        QVERIFY(QToolTip::isVisible());
     }
 };
 

@@ -58,6 +58,7 @@ void tst_SettingsPageExporting::exportAsksWhereTo()
     robot.expectFileDialog(database.exportButton).dismiss();
     settings.clicks(database.exportButton);
     QCOMPARE(robot.seen().size(), 1);
+    QCOMPARE(robot.seen().constFirst().folder, QDir::currentPath());
     QCOMPARE(robot.seen().constFirst().fileName, database.suggestedName);
     QCOMPARE(robot.seen().constFirst().nameFilters,
              QStringList({u"SQLite Database (*.db)"_s, u"All Files (*)"_s}));

@@ -28,6 +28,8 @@ class tst_SettingsPageImporting : public QObject
 private Q_SLOTS:
     void importAsksForAFile_data() { addDatabases(); }
     void importAsksForAFile();
+    void importAsksInTheFolderOfTheLastFile_data() { addDatabases(); }
+    void importAsksInTheFolderOfTheLastFile();
     void importAsksBeforeItReplaces_data() { addDatabasesAndRefusals(); }
     void importAsksBeforeItReplaces();
     void importedFileTakesThePlaceOfTheOldOne_data() { addDatabases(); }
@@ -62,6 +64,21 @@ void tst_SettingsPageImporting::importAsksForAFile()
              QStringList({u"SQLite Database (*.db)"_s, u"All Files (*)"_s}));
     QVERIFY(page.database().isOpen());
     QCOMPARE(backups(), QStringList());
+}
+
+void tst_SettingsPageImporting::importAsksInTheFolderOfTheLastFile()
+{
+    const Words &database = theDatabase();
+    Workspace workspace;
+    const QString source = workspace.makeTrips(u"july/copy.db"_s);
+    DialogRobot robot;
+    const SettingsWindow settings;
+    robot.expectFileDialog(database.importButton).choose(source);
+    robot.expectContaining(DialogRobot::Warning, database.confirmImport, source).dismiss();
+    settings.clicks(database.importButton);
+    robot.expectFileDialog(database.importButton).dismiss();
+    settings.clicks(database.importButton);
+    QCOMPARE(robot.seen().constLast().folder, workspace.path(u"july"_s));
 }
 
 void tst_SettingsPageImporting::importAsksBeforeItReplaces()

@@ -98,6 +98,7 @@ public:
 };
 
 inline const QString week = QStringLiteral("04/18/2026");
+inline const QString nextWeek = QStringLiteral("04/25/2026");
 inline const QString newMode = QStringLiteral("New settlement item mode.");
 
 /// The editor of an item that is not stored yet.
@@ -121,6 +122,20 @@ inline QString makeWeek(Workspace &workspace)
     expense(week, QStringLiteral("Permit"), 1234.5).insert(workspace);
     revenue(week, QStringLiteral("Bonus"), 250.0).insert(workspace);
     return path;
+}
+
+/// The week with a third item: 1 Permit, 3 ELD and 2 Bonus stand in this order.
+inline QString makeWeekOfThree(Workspace &workspace)
+{
+    QString path = makeWeek(workspace);
+    expense(week, QStringLiteral("ELD"), 9.25).insert(workspace);
+    return path;
+}
+
+/// What the page tells once the items of a payweek are there.
+inline QString loadedRows(int count, const QString &payweek = week)
+{
+    return QStringLiteral("Loaded %1 settlement rows for %2").arg(QString::number(count), payweek);
 }
 
 /// Every stored item: payweek, kind, name, amount.

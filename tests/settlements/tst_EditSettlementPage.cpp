@@ -1,6 +1,4 @@
 #include "settlements/SettlementWindow.h"
-#include "support/DialogRobot.h"
-#include "support/FailingStatement.h"
 #include "support/TableReaders.h"
 
 #include <QFontMetrics>
@@ -9,24 +7,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString nextWeek = u"04/25/2026"_s;
-
-QString loadedRows(int count, const QString &payweek = week)
-{
-    return u"Loaded %1 settlement rows for %2"_s.arg(QString::number(count), payweek);
-}
-
 QString loadedItem(const QString &name)
 {
     return u"Loaded settlement item into editor: "_s + name;
-}
-
-/// The week with a third item: 1 Permit, 3 ELD and 2 Bonus stand in this order.
-QString makeWeekOfThree(Workspace &workspace)
-{
-    QString path = makeWeek(workspace);
-    expense(week, u"ELD"_s, 9.25).insert(workspace);
-    return path;
 }
 
 } // namespace
@@ -283,43 +266,6 @@ private Q_SLOTS:
                  QStringList({u"Loaded 1 settlement payweeks"_s, newMode, loadedRows(2)}));
     }
 
-    void itemsThatCannotBeReadLeaveAnEmptyTableAndTheEditor()
-    {
-        Workspace workspace;
-        DialogRobot robot;
-        SettlementWindow view(makeWeekOfThree(workspace));
-        view.clicksItem(0);
-        view.typesAmount(u"3"_s);
-        const QString summary = view.summary();
-        view.statuses.clear();
-        workspace.execute(
-            u"ALTER TABLE settlement_non_trip_items RENAME COLUMN amount TO dollars"_s);
-        robot.expect(DialogRobot::Critical, u"Settlement Query Error"_s,
-                     u"no such column: amount Unable to execute statement"_s);
-        view.clicks(u"Refresh"_s);
-        QCOMPARE(view.table()->rowCount(), 0);
-        QCOMPARE(view.table()->columnCount(), 5);
-        QVERIFY(!view.saysEmpty());
-        QCOMPARE(view.summary(), summary);
-        QCOMPARE(view.editor(), QStringList({u"1"_s, u"expense"_s, u"Permit"_s, u"3"_s}));
-        QCOMPARE(view.statuses, QStringList({u"Loaded 1 settlement payweeks"_s}));
-    }
-
-    void emptyPayweekThatCannotBeReadDoesNotSayThatItIsEmpty()
-    {
-        Workspace workspace;
-        DialogRobot robot;
-        const QString path = workspace.makeTrips();
-        trip().payweek(week).insert(workspace);
-        const SettlementWindow view(path);
-        QVERIFY(view.saysEmpty());
-        workspace.execute(
-            u"ALTER TABLE settlement_non_trip_items RENAME COLUMN amount TO dollars"_s);
-        robot.expectContaining(DialogRobot::Critical, u"Settlement Query Error"_s, u"amount"_s);
-        view.clicks(u"Refresh"_s);
-        QVERIFY(!view.saysEmpty());
-    }
-
     void refreshKeepsTheChosenPayweek()
     {
         Workspace workspace;
@@ -350,25 +296,6 @@ private Q_SLOTS:
         view.clicks(u"Refresh"_s);
         QCOMPARE(offeredBy(view.payweeks()), QStringList({u"x"_s, u"week a"_s, week}));
         QCOMPARE(view.payweeks()->currentText(), u"x"_s);
-    }
-
-    void payweeksThatCannotBeListedStayAsTheyWere()
-    {
-        Workspace workspace;
-        DialogRobot robot;
-        const QString path = makeWeekOfThree(workspace);
-        trip().payweek(nextWeek).insert(workspace);
-        SettlementWindow view(path);
-        view.chooses(week);
-        view.statuses.clear();
-        workspace.execute(u"DROP TABLE trips"_s);
-        robot.expectContaining(DialogRobot::Critical, u"Settlement Payweek Error"_s,
-                               u"no such table: trips"_s);
-        view.clicks(u"Refresh"_s);
-        QCOMPARE(robot.seen().size(), 1);
-        QCOMPARE(offeredBy(view.payweeks()), QStringList({nextWeek, week}));
-        QCOMPARE(view.payweeks()->currentText(), week);
-        QCOMPARE(view.statuses, QStringList({newMode, loadedRows(3)}));
     }
 
     void chosenPayweekBringsItsNamesRateAndItems()
@@ -402,23 +329,6 @@ private Q_SLOTS:
         QCOMPARE(offeredBy(view.name()), QStringList());
     }
 
-    // A new item begins once the items are there; what cannot be read leaves the text to be seen.
-    void payweekOfAnotherYearOffersItsNamesAndKeepsTheTextBeingTyped()
-    {
-        Workspace workspace;
-        DialogRobot robot;
-        const QString path = makeWeekOfThree(workspace);
-        expense(u"12/26/2025"_s, u"Tarp"_s, 4.0).insert(workspace);
-        const SettlementWindow view(path);
-        view.typesName(u" Scale ticket "_s);
-        workspace.execute(
-            u"ALTER TABLE settlement_non_trip_items RENAME COLUMN amount TO dollars"_s);
-        robot.expectContaining(DialogRobot::Critical, u"Settlement Query Error"_s, u"amount"_s);
-        view.chooses(u"12/26/2025"_s);
-        QCOMPARE(offeredBy(view.name()), QStringList({u"Tarp"_s}));
-        QCOMPARE(view.name()->currentText(), u"Scale ticket"_s);
-    }
-
     void payweekThatIsReadBeginsANewItemWithoutTheTextThatWasTyped()
     {
         Workspace workspace;
@@ -429,83 +339,6 @@ private Q_SLOTS:
         view.typesAmount(u"3"_s);
         view.chooses(u"12/26/2025"_s);
         QCOMPARE(view.editor(), newItem);
-    }
-
-    void namesThatCannotBeReadAreToldInTheStatusLineAlone()
-    {
-        Workspace workspace;
-        const DialogRobot robot;
-        const QString path = makeWeekOfThree(workspace);
-        trip().payweek(nextWeek).insert(workspace);
-        FailingStatement statement;
-        SettlementWindow view(path);
-        view.typesName(u"Scale"_s);
-        statement.comesAfter(0);
-        view.chooses(week);
-        QCOMPARE(view.statuses,
-                 QStringList({u"Could not load settlement item names: no such table: "
-                              "settlement_non_trip_items Unable to execute statement"_s,
-                              newMode, loadedRows(3)}));
-        QCOMPARE(view.name()->count(), 0);
-        QCOMPARE(robot.seen().size(), 0);
-    }
-
-    void namesThatCannotBeReadLeaveTheTextBeingTyped()
-    {
-        Workspace workspace;
-        DialogRobot robot;
-        const QString path = makeWeekOfThree(workspace);
-        trip().payweek(nextWeek).insert(workspace);
-        const SettlementWindow view(path);
-        view.typesName(u"Scale"_s);
-        workspace.execute(u"DROP TABLE settlement_non_trip_items"_s);
-        robot.expectContaining(DialogRobot::Critical, u"Settlement Query Error"_s,
-                               u"settlement_non_trip_items"_s);
-        view.chooses(week);
-        QCOMPARE(view.name()->count(), 0);
-        QCOMPARE(view.name()->currentText(), u"Scale"_s);
-    }
-
-    // With the names in an index they are read one by one, and the second is the one that fails.
-    void namesThatCanBeReadInPartAreNotOffered()
-    {
-        Workspace workspace;
-        DialogRobot robot;
-        const QString path = makeWeek(workspace);
-        trip().payweek(nextWeek).insert(workspace);
-        SettlementWindow view(path);
-        view.typesName(u"Scale"_s);
-        workspace.execute(u"ALTER TABLE settlement_non_trip_items RENAME TO stored"_s);
-        workspace.execute(u"CREATE INDEX stored_by_name "
-                          "ON stored (TRIM(COALESCE(name,'')) COLLATE NOCASE)"_s);
-        workspace.execute(u"CREATE VIEW settlement_non_trip_items AS SELECT id, name, kind, amount,"
-                          " CASE name WHEN 'Permit' THEN abs(-9223372036854775808) "
-                          "ELSE settlement_date END AS settlement_date FROM stored"_s);
-        const QString reason = u"integer overflow Unable to fetch row"_s;
-        robot.expect(DialogRobot::Critical, u"Settlement Query Error"_s, reason);
-        view.chooses(week);
-        QCOMPARE(view.statuses,
-                 QStringList({u"Could not load settlement item names: "_s + reason}));
-        QCOMPARE(offeredBy(view.name()), QStringList());
-        QCOMPARE(view.name()->currentText(), u"Scale"_s);
-    }
-
-    void rateThatCannotBeReadIsZeroAndToldInTheStatusLineAlone()
-    {
-        Workspace workspace;
-        const DialogRobot robot;
-        const QString path = makeWeekOfThree(workspace);
-        apr(week, 4.25).insert(workspace);
-        SettlementWindow view(path);
-        QCOMPARE(view.rate()->value(), 4.25);
-        workspace.execute(u"DROP TABLE settlement_meta"_s);
-        view.clicks(u"Refresh"_s);
-        QCOMPARE(view.rate()->value(), 0.0);
-        QCOMPARE(view.statuses,
-                 QStringList({u"Could not load APR for payweek: no such table: settlement_meta "
-                              "Unable to execute statement"_s,
-                              u"Loaded 1 settlement payweeks"_s, newMode, loadedRows(3)}));
-        QCOMPARE(robot.seen().size(), 0);
     }
 
     void rateThatIsLoadedIsNoChangeByHand()

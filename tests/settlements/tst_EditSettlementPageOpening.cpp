@@ -261,6 +261,19 @@ private Q_SLOTS:
         QCOMPARE(view.statuses.first(), u"Opened settlement/trips DB: "_s + path);
     }
 
+    void anotherFileIsAskedForInTheFolderOfTheLast()
+    {
+        Workspace workspace;
+        DialogRobot robot;
+        const QString path = workspace.makeTrips(u"older/trips 2025.db"_s);
+        const SettlementWindow view;
+        robot.expectFileDialog(u"Open trips.db"_s).choose(path);
+        view.clicks(u"Open trips.db"_s);
+        robot.expectFileDialog(u"Open trips.db"_s).dismiss();
+        view.clicks(u"Open trips.db"_s);
+        QCOMPARE(robot.seen().last().folder, workspace.path(u"older"_s));
+    }
+
     void noChoiceOpensNothing()
     {
         Workspace workspace;

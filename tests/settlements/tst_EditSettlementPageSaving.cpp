@@ -72,6 +72,16 @@ private Q_SLOTS:
         QCOMPARE(offeredBy(view.name()), QStringList({u"Bonus"_s, u"Permit"_s, u"Scale ticket"_s}));
     }
 
+    void changedNameIsOfferedFromThenOnInPlaceOfTheOldOne()
+    {
+        Workspace workspace;
+        const SettlementWindow view(makeWeek(workspace));
+        view.clicksItem(0);
+        view.typesName(u"Scale ticket"_s);
+        view.clicks(u"Save Item"_s);
+        QCOMPARE(offeredBy(view.name()), QStringList({u"Bonus"_s, u"Scale ticket"_s}));
+    }
+
     void firstItemOfAPayweekTakesTheWordThatThereIsNoneAway()
     {
         Workspace workspace;

@@ -134,6 +134,27 @@ private Q_SLOTS:
         QCOMPARE(payweeksOf(file), QStringList({u"apple"_s, u"BANANA"_s, week, u"(old)"_s}));
     }
 
+    void datesWithDashesAndWithTheYearInFrontAreOrderedAsTexts()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        for (const QString &payweek :
+             {u"04-18-2026"_s, u"12/26/2025"_s, u"05/02/2026"_s, u"2026/04/18"_s})
+            trip().payweek(payweek).insert(workspace);
+        QCOMPARE(payweeksOf(file),
+                 QStringList({u"2026/04/18"_s, u"05/02/2026"_s, u"12/26/2025"_s, u"04-18-2026"_s}));
+    }
+
+    void tabsAndLineFeedsAroundAPayweekAreNoPartOfIt()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        trip().payweek(u"04/18/2026\n"_s).insert(workspace);
+        trip().payweek(u"\t\n"_s).insert(workspace);
+        expense(u"\t04/18/2026"_s, u"ELD"_s, 9.25).insert(workspace);
+        QCOMPARE(payweeksOf(file), QStringList({week}));
+    }
+
     void payweeksThatAreWrittenInTwoWaysAreListedSideBySide()
     {
         Workspace workspace;
@@ -311,6 +332,26 @@ private Q_SLOTS:
         QCOMPARE(names.first(), u"ELD"_s);
         QCOMPARE(names.last().toLower(), u"tolls"_s);
         QCOMPARE(namesOf(file, 2025), QStringList({u"Old"_s}));
+    }
+
+    void datesWithDashesAndWithTheYearInFrontAreOfNoYear()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        expense(u"04-18-2026"_s, u"Tolls"_s, 1.0).insert(workspace);
+        expense(u"2026/04/18"_s, u"Scale"_s, 1.0).insert(workspace);
+        expense(week, u"ELD"_s, 1.0).insert(workspace);
+        QCOMPARE(namesOf(file, 2026), QStringList({u"ELD"_s}));
+    }
+
+    void tabsAndLineFeedsAroundANameAreNoPartOfIt()
+    {
+        Workspace workspace;
+        const TestConnection file(workspace.makeTrips());
+        expense(week, u"\tTolls"_s, 1.0).insert(workspace);
+        expense(week, u"Tolls\n"_s, 1.0).insert(workspace);
+        expense(week, u"\t\n"_s, 1.0).insert(workspace);
+        QCOMPARE(namesOf(file, 2026), QStringList({u"Tolls"_s}));
     }
 
     void namesStandInOrderWhateverTheirCase()

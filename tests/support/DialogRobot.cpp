@@ -146,6 +146,7 @@ DialogRobot::Seen DialogRobot::described(const QDialog *dialog)
     } else if (const auto *files = qobject_cast<const QFileDialog *>(dialog)) {
         seen.kind = FileDialog;
         seen.nameFilters = files->nameFilters();
+        seen.folder = files->directory().path();
         seen.fileName = files->findChild<QLineEdit *>(u"fileNameEdit"_s)->text();
     }
     return seen;

@@ -31,8 +31,9 @@ public:
         QString text = {};
         QStringList buttons = {};
         QString defaultButton = {};
-        /// The filters of a file dialog, and the name that it proposes.
+        /// The filters of a file dialog, the folder that it shows, and the name that it proposes.
         QStringList nameFilters = {};
+        QString folder = {};
         QString fileName = {};
     };
 
