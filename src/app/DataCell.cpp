@@ -44,13 +44,15 @@ QString shownText(DataCell::Form form, const QString &raw, std::optional<double>
 DataCell::DataCell(Form form, const QString &raw)
     : rawText(raw)
     , number(form == Form::Text ? std::nullopt : shownNumber(raw))
+    , shown(shownText(form, raw, number))
     , standsRight(form != Form::Text)
 {
-    setText(shownText(form, raw, number));
 }
 
 QVariant DataCell::data(int role) const
 {
+    if (role == Qt::DisplayRole)
+        return shown;
     if (role == rawTextRole)
         return rawText;
     if (role == Qt::TextAlignmentRole && standsRight)

@@ -4,8 +4,8 @@
 
 #include <optional>
 
-/// A read-only cell of a table. It keeps the column's raw text, shows it in a form of its own, and
-/// sorts as a number where it is one.
+/// A cell of a table, which cannot be changed. It keeps the column's raw text, shows it in a form
+/// of its own, and sorts as a number where it is one.
 class DataCell : public QTableWidgetItem
 {
 public:
@@ -18,8 +18,8 @@ public:
 
     DataCell(Form form, const QString &raw);
 
-    /// Answers the raw text and the alignment from members: stored as roles, they would take most
-    /// of the time of filling a long table.
+    /// Answers the texts and the alignment from members: stored as roles, they would take most of
+    /// the time of filling a long table.
     [[nodiscard]] QVariant data(int role) const override;
 
     bool operator<(const QTableWidgetItem &other) const override;
@@ -27,5 +27,6 @@ public:
 private:
     QString rawText;
     std::optional<double> number;
+    QString shown;
     bool standsRight;
 };

@@ -1,22 +1,22 @@
 #include "trips/TripsTableItem.h"
 
 TripsTableItem::TripsTableItem(const QString &text)
-    : QTableWidgetItem(text)
+    : shown(text)
     , raw(text)
 {
 }
 
 TripsTableItem::TripsTableItem(const QString &text, const QString &rawText, double number)
-    : QTableWidgetItem(text)
-    , sortKind(SortNumber)
+    : sortKind(SortNumber)
+    , shown(text)
     , raw(rawText)
     , sortNumber(number)
 {
 }
 
 TripsTableItem::TripsTableItem(const QString &payweek, QDate date)
-    : QTableWidgetItem(payweek)
-    , sortKind(SortDate)
+    : sortKind(SortDate)
+    , shown(payweek)
     , raw(payweek)
     , sortDate(date)
 {
@@ -25,6 +25,8 @@ TripsTableItem::TripsTableItem(const QString &payweek, QDate date)
 QVariant TripsTableItem::data(int role) const
 {
     switch (role) {
+    case Qt::DisplayRole:
+        return shown;
     case payweekRole:
         return sortKind == SortDate ? raw : QVariant();
     case rawTextRole:
@@ -50,5 +52,5 @@ bool TripsTableItem::operator<(const QTableWidgetItem &other) const
         if (sortKind == SortDate)
             return sortDate < other.data(sortDateRole).toDate();
     }
-    return QString::localeAwareCompare(text(), other.text()) < 0;
+    return QString::localeAwareCompare(shown, other.text()) < 0;
 }

@@ -5,7 +5,7 @@
 
 /// A cell of the trip list that knows its own order: numbers by value, payweeks by date, anything
 /// else by text as the locale orders it. Twenty years of trips are 45,000 cells, so what a cell
-/// knows lies in members and is only handed out as roles.
+/// knows lies in members and is only handed out as roles; it cannot be changed.
 class TripsTableItem : public QTableWidgetItem
 {
 public:
@@ -32,6 +32,7 @@ public:
 
 private:
     SortKind sortKind = SortText;
+    QString shown;
     QString raw;
     double sortNumber = 0.0;
     QDate sortDate;

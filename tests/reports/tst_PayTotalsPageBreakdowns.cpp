@@ -350,7 +350,7 @@ private Q_SLOTS:
     void groupThatMatchesNothingIsToldInABox()
     {
         WorkedTotals totals;
-        totals.view.items()->item(0, 2)->setText(u"Another name"_s);
+        totals.view.items()->setItem(0, 2, new QTableWidgetItem(u"Another name"_s));
         totals.expectsBox(itemsBox, u"No matching non-trip settlement rows found."_s);
         Person::clicksCell(totals.view.items(), 0, 0);
         QCOMPARE(totals.view.dialogs().size(), 0);

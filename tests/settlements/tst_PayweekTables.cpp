@@ -191,8 +191,8 @@ private Q_SLOTS:
         Person::clicksHeader(table.widget, 0);
         Person::clicksHeader(table.widget, 0);
         QCOMPARE(column(table.widget, u"ID"_s), QStringList({u"10"_s, u"9"_s, u"8"_s}));
-        table.widget->item(0, 3)->setText(u"9"_s);
-        table.widget->item(1, 3)->setText(u"10"_s);
+        table.widget->setItem(0, 3, new DataCell(DataCell::Form::Text, u"9"_s));
+        table.widget->setItem(1, 3, new DataCell(DataCell::Form::Text, u"10"_s));
         Person::clicksHeader(table.widget, 3);
         QCOMPARE(column(table.widget, u"Name"_s), QStringList({u"10"_s, u"9"_s, u"Permit"_s}));
     }
