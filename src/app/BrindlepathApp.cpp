@@ -28,16 +28,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The row of a page in the navigation list is its index in the stack.
+// The pages that do more than show themselves when they are chosen.
 const QString startScreenName = u"Start Screen"_s;
-const QString tripsName = u"Trips"_s;
-const QString locationsName = u"Locations"_s;
-const QString editSettlementName = u"Edit Settlement"_s;
 const QString viewPayweekName = u"View Payweek"_s;
-const QString totalsName = u"Totals"_s;
-const QString reportsName = u"Reports"_s;
 const QString importHistoryName = u"Database Activity History"_s;
-const QString settingsName = u"Settings"_s;
 
 template <typename Page>
 void openWhatIsFound(Page *page, const QString &fileName)
@@ -96,9 +90,6 @@ void BrindlepathApp::buildNavigation()
     navigationList->setAccessibleName(tr("Pages"));
     navigationList->setMinimumWidth(190);
     navigationList->setMaximumWidth(260);
-    navigationList->addItems({startScreenName, tripsName, locationsName, editSettlementName,
-                              viewPayweekName, totalsName, reportsName, importHistoryName,
-                              settingsName});
 }
 
 void BrindlepathApp::buildPages()
@@ -156,17 +147,22 @@ void BrindlepathApp::buildSettingsPage()
     });
 }
 
+// The row of a page in the navigation list is its index in the stack.
 void BrindlepathApp::stackPages()
 {
-    pageStack->addWidget(startPage);
-    pageStack->addWidget(tripsPage);
-    pageStack->addWidget(locationsPage);
-    pageStack->addWidget(editSettlementPage);
-    pageStack->addWidget(viewPayweekPage);
-    pageStack->addWidget(payTotalsPage);
-    pageStack->addWidget(reportsPage);
-    pageStack->addWidget(importHistoryPage);
-    pageStack->addWidget(settingsPage);
+    const auto add = [this](const QString &name, QWidget *page) {
+        navigationList->addItem(name);
+        pageStack->addWidget(page);
+    };
+    add(startScreenName, startPage);
+    add(u"Trips"_s, tripsPage);
+    add(u"Locations"_s, locationsPage);
+    add(u"Edit Settlement"_s, editSettlementPage);
+    add(viewPayweekName, viewPayweekPage);
+    add(u"Totals"_s, payTotalsPage);
+    add(u"Reports"_s, reportsPage);
+    add(importHistoryName, importHistoryPage);
+    add(u"Settings"_s, settingsPage);
 }
 
 void BrindlepathApp::fillCentralWidget(QHBoxLayout *layout)
