@@ -40,6 +40,11 @@ double median(QList<double> values)
     return *middle;
 }
 
+void printHeader()
+{
+    QTextStream(stdout) << u"what | product | floor | ratio | limit | \n"_s;
+}
+
 void print(const Ratio &ratio)
 {
     QTextStream(stdout) << u"%1 | %2 ms | %3 ms | %4 | %5 | %6\n"_s.arg(ratio.name)

@@ -27,5 +27,8 @@ double millisecondsOf(const std::function<void()> &work);
 
 double median(QList<double> values);
 
+/// Writes what stands in the columns of the lines that follow.
+void printHeader();
+
 /// Writes "name  product ms  floor ms  ratio (limit)" and whether it holds.
 void print(const Ratio &ratio);

@@ -16,7 +16,6 @@
 #include <QSqlDatabase>
 #include <QTableWidget>
 #include <QTemporaryDir>
-#include <QTextStream>
 
 #include <unistd.h>
 
@@ -179,10 +178,8 @@ int main(int argc, char *argv[])
 {
     const QApplication application(argc, argv);
     BrindlepathApp window;
-    window.resize(1280, 800);
-    window.show();
-
-    QTextStream(stdout) << u"what | product | floor | ratio | limit | \n"_s;
+    show(window);
+    printHeader();
     const QSqlDatabase trips = QSqlDatabase::database(u"trips_connection"_s);
     const QStringList tripNos = firstColumn(trips, u"SELECT trip_no FROM trips"_s);
     fillLog(trips, tripNos);

@@ -3,6 +3,7 @@
 #include "app/BrindlepathApp.h"
 #include "bench/Floors.h"
 #include "bench/Ratio.h"
+#include "bench/ShownPage.h"
 #include "settlements/ViewPayweekPage.h"
 
 #include <QApplication>
@@ -10,7 +11,6 @@
 #include <QPushButton>
 #include <QSqlDatabase>
 #include <QTableWidget>
-#include <QTextStream>
 
 #include <algorithm>
 
@@ -62,11 +62,8 @@ int main(int argc, char *argv[])
 {
     const QApplication application(argc, argv);
     BrindlepathApp window;
-    window.resize(1280, 800);
-    window.show();
-    QApplication::processEvents();
-
-    QTextStream(stdout) << u"what | product | floor | ratio | limit | \n"_s;
+    show(window);
+    printHeader();
     benchTripList(window);
     for (const qsizetype weeks : {13, 26, 51})
         benchPayweek(window, weeks);

@@ -129,9 +129,8 @@ int main(int argc, char *argv[])
 {
     const QApplication application(argc, argv);
     BrindlepathApp window;
-    window.resize(1280, 800);
-    window.show();
-    QTextStream(stdout) << u"what | product | floor | ratio | limit | \n"_s;
+    show(window);
+    printHeader();
     benchEditSettlement(window);
     benchLocations(window);
     return 0;

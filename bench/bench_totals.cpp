@@ -24,7 +24,6 @@
 #include <QPushButton>
 #include <QSqlDatabase>
 #include <QTemporaryDir>
-#include <QTextStream>
 
 using namespace Qt::StringLiterals;
 using BareParts::execute;
@@ -167,10 +166,8 @@ int main(int argc, char *argv[])
 {
     const QApplication application(argc, argv);
     BrindlepathApp window;
-    window.resize(1280, 800);
-    window.show();
-
-    QTextStream(stdout) << u"what | product | floor | ratio | limit | \n"_s;
+    show(window);
+    printHeader();
     const QSqlDatabase trips = QSqlDatabase::database(u"pay_totals_trips_connection"_s);
     fillYear(trips);
     benchPage(window, trips);

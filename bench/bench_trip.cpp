@@ -5,6 +5,7 @@
 #include "bench/BareParts.h"
 #include "bench/Floors.h"
 #include "bench/Ratio.h"
+#include "bench/ShownPage.h"
 #include "bench/TripFloors.h"
 #include "trips/TripList.h"
 #include "trips/TripsPage.h"
@@ -12,7 +13,6 @@
 #include <QApplication>
 #include <QPushButton>
 #include <QSqlDatabase>
-#include <QTextStream>
 
 using namespace Qt::StringLiterals;
 using BareParts::execute;
@@ -92,11 +92,8 @@ int main(int argc, char *argv[])
 {
     const QApplication application(argc, argv);
     BrindlepathApp window;
-    window.resize(1280, 800);
-    window.show();
-    QApplication::processEvents();
-
-    QTextStream(stdout) << u"what | product | floor | ratio | limit | \n"_s;
+    show(window);
+    printHeader();
     benchTrip(window);
     return 0;
 }

@@ -45,6 +45,22 @@ const QLayout *sectionsOf(const ImportWindow &window)
     return window.page->findChild<QScrollArea *>()->widget()->layout();
 }
 
+/// A folder with the tools in it and a person at hand who answers the dialogs.
+struct FolderWithTools
+{
+    FolderWithTools() { workspace.linkTools(); }
+
+    Workspace workspace;
+    DialogRobot robot;
+};
+
+/// The import page with week sixteen scanned.
+class ScannedWindow : public FolderWithTools, public ImportWindow
+{
+public:
+    ScannedWindow() { scans(robot, makePdf(u"week16.pdf"_s)); }
+};
+
 } // namespace
 
 /// A person scans a settlement, and reviews and corrects what was found.
@@ -193,27 +209,19 @@ private Q_SLOTS:
 
     void scanShowsTheFuelRowsOfARealPdf()
     {
-        const Workspace workspace;
-        workspace.linkTools();
-        DialogRobot robot;
-        const ImportWindow window;
-        window.scans(robot, makePdf(u"week16.pdf"_s));
+        ScannedWindow window;
         QCOMPARE(window.rows(), QList<QStringList>({shownTruckFuel, shownDef}));
         QCOMPARE(window.summary(), u"Truck: 4417 | Payweek: 04/18/2026 | Fuel/DEF Rows: 2"_s);
         QCOMPARE(window.status(), parsedTwo);
         QCOMPARE(window.text(), weekSixteen.join(u'\n') + u"\n\f"_s);
         QCOMPARE(window.pages(), QList<QStringList>({{u"1"_s, weekSixteen.join(u' ')}}));
         QCOMPARE(window.fields(), noFields);
-        QCOMPARE(robot.seen().size(), 1);
+        QCOMPARE(window.robot.seen().size(), 1);
     }
 
     void stepsOfTheExtractionStandTheNewestFirstAheadOfTheParsers()
     {
-        const Workspace workspace;
-        workspace.linkTools();
-        DialogRobot robot;
-        const ImportWindow window;
-        window.scans(robot, makePdf(u"week16.pdf"_s));
+        const ScannedWindow window;
         QCOMPARE(window.log(),
                  QStringList({u"Extracted 169 characters with pdftotext."_s,
                               u"Extracted 1 page text block(s) with pdftotext."_s,
@@ -227,13 +235,9 @@ private Q_SLOTS:
 
     void secondScanReplacesAllRowsAndCountsFromOneAgain()
     {
-        const Workspace workspace;
-        workspace.linkTools();
-        DialogRobot robot;
-        const ImportWindow window;
-        window.scans(robot, makePdf(u"week16.pdf"_s));
+        ScannedWindow window;
         window.clicks(addButton);
-        window.scans(robot, makePdf(u"week17.pdf"_s, weekSeventeen));
+        window.scans(window.robot, makePdf(u"week17.pdf"_s, weekSeventeen));
         QCOMPARE(column(window.grid(), u"Source Line"_s), weekSeventeen.mid(1));
         QCOMPARE(window.summary(), u"Truck: 4417 | Payweek: 04/25/2026 | Fuel/DEF Rows: 1"_s);
         QCOMPARE(window.grid()->item(0, 0)->data(Qt::UserRole), 1);
@@ -244,13 +248,10 @@ private Q_SLOTS:
 
     void failedScanLeavesNoRowsOfTheScanBeforeIt()
     {
-        const Workspace workspace;
-        workspace.linkTools();
-        DialogRobot robot;
-        const ImportWindow window;
-        window.scans(robot, makePdf(u"week16.pdf"_s));
+        ScannedWindow window;
         QVERIFY(QFile::remove(window.pdfPath()));
-        robot.expect(DialogRobot::Warning, u"Extraction Failed"_s, u"PDF file does not exist."_s);
+        window.robot.expect(DialogRobot::Warning, u"Extraction Failed"_s,
+                            u"PDF file does not exist."_s);
         window.clicks(scanButton);
         QCOMPARE(window.rows(), QList<QStringList>());
         QCOMPARE(window.pages(), QList<QStringList>());
@@ -284,12 +285,8 @@ private Q_SLOTS:
 
     void anotherChosenPdfLeavesTheResultOnShow()
     {
-        const Workspace workspace;
-        workspace.linkTools();
-        DialogRobot robot;
-        const ImportWindow window;
-        window.scans(robot, makePdf(u"week16.pdf"_s));
-        window.chooses(robot, makePdf(u"week17.pdf"_s, weekSeventeen));
+        ScannedWindow window;
+        window.chooses(window.robot, makePdf(u"week17.pdf"_s, weekSeventeen));
         QCOMPARE(window.rows(), QList<QStringList>({shownTruckFuel, shownDef}));
         QCOMPARE(window.status(), u"Selected PDF: week17.pdf"_s);
         QCOMPARE(window.summary(), u"Truck: 4417 | Payweek: 04/18/2026 | Fuel/DEF Rows: 2"_s);
@@ -297,11 +294,7 @@ private Q_SLOTS:
 
     void clearForgetsEverything()
     {
-        const Workspace workspace;
-        workspace.linkTools();
-        DialogRobot robot;
-        const ImportWindow window;
-        window.scans(robot, makePdf(u"week16.pdf"_s));
+        ScannedWindow window;
         window.clicksRow(0);
         window.clicks(u"Clear"_s);
         QCOMPARE(window.pdfPath(), u"No PDF selected."_s);
@@ -312,7 +305,7 @@ private Q_SLOTS:
         QCOMPARE(window.text(), QString());
         QCOMPARE(window.log(), QStringList({u""_s}));
         QCOMPARE(window.fields(), noFields);
-        robot.expect(DialogRobot::Warning, u"No PDF"_s, u"Choose a PDF first."_s);
+        window.robot.expect(DialogRobot::Warning, u"No PDF"_s, u"Choose a PDF first."_s);
         window.clicks(scanButton);
     }
 
@@ -331,11 +324,7 @@ private Q_SLOTS:
 
     void clickedRowStandsInTheEditor()
     {
-        const Workspace workspace;
-        workspace.linkTools();
-        DialogRobot robot;
-        const ImportWindow window;
-        window.scans(robot, makePdf(u"week16.pdf"_s));
+        const ScannedWindow window;
         window.clicksRow(0);
         QCOMPARE(window.fields(),
                  QStringList({u"on"_s, u"Deduction Fuel"_s, u"fuel_detail"_s, u"4471203"_s,
@@ -347,11 +336,7 @@ private Q_SLOTS:
 
     void savedFieldsStandInTheRowWhichStaysMarked()
     {
-        const Workspace workspace;
-        workspace.linkTools();
-        DialogRobot robot;
-        const ImportWindow window;
-        window.scans(robot, makePdf(u"week16.pdf"_s));
+        const ScannedWindow window;
         window.clicksRow(1);
         QTest::mouseClick(window.named<QCheckBox>("reviewUse"), Qt::LeftButton, {}, {8, 8});
         Person::chooses(window.named<QComboBox>("reviewDataset"), u"Manual Fuel"_s);
@@ -378,11 +363,7 @@ private Q_SLOTS:
     void costThatIsNoNumberIsStoredAsZero()
     {
         QFETCH(const QString, cost);
-        const Workspace workspace;
-        workspace.linkTools();
-        DialogRobot robot;
-        const ImportWindow window;
-        window.scans(robot, makePdf(u"week16.pdf"_s));
+        const ScannedWindow window;
         window.clicksRow(0);
         window.types("reviewCost", cost);
         window.clicks(saveButton);
@@ -403,15 +384,11 @@ private Q_SLOTS:
     {
         QFETCH(const QString, button);
         QFETCH(const QString, title);
-        const Workspace workspace;
-        workspace.linkTools();
-        DialogRobot robot;
-        const ImportWindow window;
-        window.scans(robot, makePdf(u"week16.pdf"_s));
+        ScannedWindow window;
         window.types("reviewCost", u"9.99"_s);
-        robot.expect(DialogRobot::Information, title, u"Select a review row first."_s);
+        window.robot.expect(DialogRobot::Information, title, u"Select a review row first."_s);
         window.clicks(button);
-        QCOMPARE(robot.seen().size(), 2);
+        QCOMPARE(window.robot.seen().size(), 2);
         QCOMPARE(window.rows(), QList<QStringList>({shownTruckFuel, shownDef}));
         QCOMPARE(window.fields().at(6), u"9.99"_s);
         QCOMPARE(window.status(), parsedTwo);
@@ -419,11 +396,7 @@ private Q_SLOTS:
 
     void rowAddedByHandIsMarkedAndReadyToEdit()
     {
-        const Workspace workspace;
-        workspace.linkTools();
-        DialogRobot robot;
-        const ImportWindow window;
-        window.scans(robot, makePdf(u"week16.pdf"_s));
+        const ScannedWindow window;
         window.clicks(addButton);
         QCOMPARE(window.rows(), QList<QStringList>({shownTruckFuel, shownDef, shownManualRow}));
         QCOMPARE(window.marked(), QList<int>({2}));
@@ -451,14 +424,10 @@ private Q_SLOTS:
 
     void rowIsDeletedWithoutAQuestion()
     {
-        const Workspace workspace;
-        workspace.linkTools();
-        DialogRobot robot;
-        const ImportWindow window;
-        window.scans(robot, makePdf(u"week16.pdf"_s));
+        ScannedWindow window;
         window.clicksRow(0);
         window.clicks(deleteButton);
-        QCOMPARE(robot.seen().size(), 1);
+        QCOMPARE(window.robot.seen().size(), 1);
         QCOMPARE(window.rows(), QList<QStringList>({shownDef}));
         QCOMPARE(window.marked(), QList<int>());
         QCOMPARE(window.fields(), noFields);
@@ -468,11 +437,7 @@ private Q_SLOTS:
 
     void identityOfADeletedRowIsNotUsedAgain()
     {
-        const Workspace workspace;
-        workspace.linkTools();
-        DialogRobot robot;
-        const ImportWindow window;
-        window.scans(robot, makePdf(u"week16.pdf"_s));
+        const ScannedWindow window;
         window.clicksRow(1);
         window.clicks(deleteButton);
         window.clicks(addButton);
@@ -482,11 +447,7 @@ private Q_SLOTS:
 
     void textTypedIntoACellIsDroppedByTheNextRefresh()
     {
-        const Workspace workspace;
-        workspace.linkTools();
-        DialogRobot robot;
-        const ImportWindow window;
-        window.scans(robot, makePdf(u"week16.pdf"_s));
+        const ScannedWindow window;
         window.grid()->item(0, 6)->setText(u"9999.00"_s);
         window.clicksRow(0);
         QCOMPARE(window.fields().at(6), u"412.80"_s);
@@ -510,16 +471,12 @@ private Q_SLOTS:
     {
         QFETCH(const QString, button);
         QFETCH(const bool, readable);
-        const Workspace workspace;
-        workspace.linkTools();
-        DialogRobot robot;
-        const ImportWindow window;
-        window.scans(robot, makePdf(u"week16.pdf"_s));
+        ScannedWindow window;
         window.clicksRow(0);
         window.types("reviewCost", u"1,021.5"_s);
         if (!readable) {
             QVERIFY(QFile::remove(window.pdfPath()));
-            robot.expectContaining(DialogRobot::Warning, u"Extraction Failed"_s, u""_s);
+            window.robot.expectContaining(DialogRobot::Warning, u"Extraction Failed"_s, u""_s);
         }
         window.clicks(button);
         QCOMPARE(window.marked(), QList<int>());

@@ -18,6 +18,12 @@ const QString connection = u"settlement_trips_connection"_s;
 const QStringList unsortedHeaders = {u"ID ↕"_s, u"Payweek ↕"_s, u"Kind ↕"_s, u"Name ↕"_s,
                                      u"Amount ↕"_s};
 
+void opensByHand(const SettlementWindow &view, DialogRobot &robot, const QString &path)
+{
+    robot.expectFileDialog(u"Open trips.db"_s).choose(path);
+    view.clicks(u"Open trips.db"_s);
+}
+
 } // namespace
 
 /// How a file comes onto the page, and what the page is without one.
@@ -254,8 +260,7 @@ private Q_SLOTS:
         DialogRobot robot;
         const QString path = workspace.makeTrips(u"older/trips 2025.db"_s);
         const SettlementWindow view;
-        robot.expectFileDialog(u"Open trips.db"_s).choose(path);
-        view.clicks(u"Open trips.db"_s);
+        opensByHand(view, robot, path);
         QCOMPARE(robot.seen().first().nameFilters,
                  QStringList({u"SQLite Database (*.db)"_s, u"All Files (*.*)"_s}));
         QCOMPARE(view.statuses.first(), u"Opened settlement/trips DB: "_s + path);
@@ -267,8 +272,7 @@ private Q_SLOTS:
         DialogRobot robot;
         const QString path = workspace.makeTrips(u"older/trips 2025.db"_s);
         const SettlementWindow view;
-        robot.expectFileDialog(u"Open trips.db"_s).choose(path);
-        view.clicks(u"Open trips.db"_s);
+        opensByHand(view, robot, path);
         robot.expectFileDialog(u"Open trips.db"_s).dismiss();
         view.clicks(u"Open trips.db"_s);
         QCOMPARE(robot.seen().last().folder, workspace.path(u"older"_s));
