@@ -2,7 +2,7 @@
 
 #include "bench/BareParts.h"
 #include "data/SqlStatement.h"
-#include "reports/ReportChartGeometry.h"
+#include "reports/charts/ReportChartGeometry.h"
 
 #include <QPainter>
 #include <QPainterPath>

@@ -6,8 +6,8 @@
 #include "bench/Ratio.h"
 #include "bench/ShownPage.h"
 #include "data/SqlTransaction.h"
-#include "pdfimport/ImportHistoryPage.h"
 #include "pdfimport/ImportRepository.h"
+#include "pdfimport/history/ImportHistoryPage.h"
 #include "settings/DatabaseFiles.h"
 
 #include <QFile>

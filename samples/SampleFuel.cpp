@@ -1,7 +1,7 @@
 #include "samples/SampleFuel.h"
 
 #include "data/MoneyText.h"
-#include "trips/FuelRowRules.h"
+#include "trips/fuel/FuelRowRules.h"
 
 #include <array>
 

@@ -1,18 +1,18 @@
 #include "app/BrindlepathApp.h"
 
-#include "app/UiScale.h"
 #include "data/DatabaseLocator.h"
 #include "locations/LocationsPage.h"
-#include "pdfimport/ImportHistoryPage.h"
 #include "pdfimport/ImportPdfPage.h"
-#include "reports/PayTotalsPage.h"
+#include "pdfimport/history/ImportHistoryPage.h"
 #include "reports/ReportsPage.h"
+#include "reports/totals/PayTotalsPage.h"
 #include "settings/AboutDialog.h"
 #include "settings/ProductFacts.h"
 #include "settings/SettingsPage.h"
 #include "settlements/EditSettlementPage.h"
 #include "settlements/ViewPayweekPage.h"
 #include "trips/TripsPage.h"
+#include "ui/UiScale.h"
 #include "ui_BrindlepathApp.h"
 
 #include <QApplication>

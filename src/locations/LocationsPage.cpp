@@ -1,12 +1,12 @@
 #include "locations/LocationsPage.h"
 
-#include "app/DataCell.h"
-#include "app/DataTable.h"
-#include "app/PageParts.h"
-#include "app/UiScale.h"
 #include "data/DatabaseLocator.h"
 #include "locations/LocationForm.h"
 #include "locations/LocationsRepository.h"
+#include "ui/DataCell.h"
+#include "ui/DataTable.h"
+#include "ui/PageParts.h"
+#include "ui/UiScale.h"
 
 #include <QBoxLayout>
 #include <QHeaderView>

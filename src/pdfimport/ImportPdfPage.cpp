@@ -1,12 +1,12 @@
 #include "pdfimport/ImportPdfPage.h"
 
-#include "app/PageParts.h"
-#include "pdfimport/ExtractionPreview.h"
 #include "pdfimport/ImportRepository.h"
 #include "pdfimport/ImportTexts.h"
 #include "pdfimport/PdfTextExtractor.h"
-#include "pdfimport/ReviewGrid.h"
-#include "pdfimport/ReviewRowEditor.h"
+#include "pdfimport/review/ExtractionPreview.h"
+#include "pdfimport/review/ReviewGrid.h"
+#include "pdfimport/review/ReviewRowEditor.h"
+#include "ui/PageParts.h"
 
 #include <QFileDialog>
 #include <QFileInfo>

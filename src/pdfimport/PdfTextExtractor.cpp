@@ -1,7 +1,7 @@
 #include "pdfimport/PdfTextExtractor.h"
 
-#include "pdfimport/PdfTools.h"
-#include "pdfimport/ToolProcess.h"
+#include "pdfimport/tools/PdfTools.h"
+#include "pdfimport/tools/ToolProcess.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/DataTable.h"
 #include "reports/ReportSeriesData.h"
+#include "ui/DataTable.h"
 
 /// A report in figures: a row for each payweek, and their average below.
 class ReportTable : public DataTable

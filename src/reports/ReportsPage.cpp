@@ -1,11 +1,11 @@
 #include "reports/ReportsPage.h"
 
-#include "app/PageParts.h"
-#include "app/WheelGuard.h"
-#include "reports/ChartHover.h"
-#include "reports/ReportChartGeometry.h"
 #include "reports/ReportTable.h"
 #include "reports/ReportsRepository.h"
+#include "reports/charts/ChartHover.h"
+#include "reports/charts/ReportChartGeometry.h"
+#include "ui/PageParts.h"
+#include "ui/WheelGuard.h"
 
 #include <QComboBox>
 #include <QGraphicsPixmapItem>

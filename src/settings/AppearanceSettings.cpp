@@ -1,8 +1,8 @@
 #include "settings/AppearanceSettings.h"
 
-#include "app/PageParts.h"
-#include "app/UiScale.h"
-#include "app/WheelGuard.h"
+#include "ui/PageParts.h"
+#include "ui/UiScale.h"
+#include "ui/WheelGuard.h"
 
 #include <QBoxLayout>
 #include <QComboBox>

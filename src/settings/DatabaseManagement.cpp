@@ -1,9 +1,9 @@
 #include "settings/DatabaseManagement.h"
 
-#include "app/PageParts.h"
 #include "data/DatabaseLocator.h"
-#include "pdfimport/ImportHistoryRepository.h"
+#include "pdfimport/history/ImportHistoryRepository.h"
 #include "settings/DatabaseFiles.h"
+#include "ui/PageParts.h"
 
 #include <QBoxLayout>
 #include <QFile>

@@ -1,8 +1,8 @@
 #include "settings/SettingsPage.h"
 
-#include "app/PageParts.h"
 #include "settings/AppearanceSettings.h"
 #include "settings/DatabaseManagement.h"
+#include "ui/PageParts.h"
 
 #include <QLabel>
 

@@ -1,14 +1,14 @@
 #include "settlements/EditSettlementPage.h"
 
-#include "app/DataTable.h"
-#include "app/PageParts.h"
-#include "app/WheelGuard.h"
 #include "data/DatabaseLocator.h"
 #include "data/DomainRules.h"
 #include "data/MoneyText.h"
 #include "settlements/PayweekTables.h"
 #include "settlements/SettlementItemForm.h"
 #include "settlements/SettlementRepository.h"
+#include "ui/DataTable.h"
+#include "ui/PageParts.h"
+#include "ui/WheelGuard.h"
 
 #include <QBoxLayout>
 #include <QComboBox>

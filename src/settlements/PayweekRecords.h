@@ -79,3 +79,17 @@ struct PayweekCarryoverSummary
     double carryoverForward = 0.0;
     double currentYearFundBalance = 0.0;
 };
+
+/// All figures of one payweek.
+struct PayweekFigures
+{
+    QString payweek;
+    PayweekTripTotals trips;
+    PayweekSettlementTotals items;
+    PayweekBasicSummary basic;
+    PayweekFundSummary emergencyFund;
+    PayweekFundSummary tireFund;
+    PayweekFundSummary performanceBond;
+    PayweekFuelAnalytics fuel;
+    PayweekCarryoverSummary carryover;
+};

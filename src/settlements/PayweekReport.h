@@ -2,20 +2,6 @@
 
 #include "settlements/PayweekRecords.h"
 
-/// All figures of one payweek.
-struct PayweekFigures
-{
-    QString payweek;
-    PayweekTripTotals trips;
-    PayweekSettlementTotals items;
-    PayweekBasicSummary basic;
-    PayweekFundSummary emergencyFund;
-    PayweekFundSummary tireFund;
-    PayweekFundSummary performanceBond;
-    PayweekFuelAnalytics fuel;
-    PayweekCarryoverSummary carryover;
-};
-
 /// The payweek as the driver reads it, with grouped dollars of the default locale. Settlement
 /// totals and interest stand in it twice: where the week is summed, and where it is carried over.
 QString payweekReport(const PayweekFigures &figures);

@@ -4,6 +4,7 @@
 #include "data/MoneyText.h"
 #include "data/SqlStatement.h"
 #include "settlements/PayweekReaders.h"
+#include "settlements/carryover/CarryoverRules.h"
 
 using namespace Qt::StringLiterals;
 
@@ -194,6 +195,31 @@ bool listCarryoverPayweeks(const QSqlDatabase &database, QStringList &keys, QStr
 double loadPayweekApr(const QSqlDatabase &database, const PayweekKey &payweek)
 {
     return database.isOpen() ? PayweekAprReader(database).load(payweek) : 0.0;
+}
+
+std::optional<Reading> loadPayweek(const QSqlDatabase &database, const PayweekKey &key,
+                                   Payweek &payweek, QString &error)
+{
+    payweek = {};
+    PayweekFigures &figures = payweek.figures;
+    figures.payweek = key;
+    if (!loadPayweekTrips(database, key, payweek.trips, figures.trips, error))
+        return Reading::Trips;
+    if (!loadPayweekSettlementItems(database, key, payweek.items, figures.items, error))
+        return Reading::Items;
+    if (!loadEmergencyFundSummary(database, key, figures.emergencyFund, error))
+        return Reading::EmergencyFund;
+    if (!loadTireFundSummary(database, key, figures.tireFund, error))
+        return Reading::TireFund;
+    if (!loadPerformanceBondSummary(database, key, figures.performanceBond, error))
+        return Reading::PerformanceBond;
+    if (!loadPayweekFuelAnalytics(database, key, figures.fuel, error))
+        return Reading::Fuel;
+    figures.basic = CarryoverRules::basicSummary(figures.trips, figures.items);
+    if (!loadPayweekCarryover(database, key, figures.basic, figures.emergencyFund,
+                              figures.performanceBond, figures.carryover, error))
+        return Reading::Carryover;
+    return std::nullopt;
 }
 
 } // namespace PayweekRepository

@@ -6,6 +6,8 @@
 #include <QSqlDatabase>
 #include <QStringList>
 
+#include <optional>
+
 /// Reads all that View Payweek shows, on an open connection to trips.db. It never writes. Results
 /// and `error` are cleared first; on failure a function returns false with the driver's text, or
 /// with "Trips database is not open." or "Payweek is blank.", and what was summed until then stays.
@@ -56,5 +58,20 @@ bool loadPayweekCarryover(const QSqlDatabase &database, const PayweekKey &paywee
                           const PayweekFundSummary &emergencyFund,
                           const PayweekFundSummary &performanceBond,
                           PayweekCarryoverSummary &result, QString &error);
+
+/// All that is read of a payweek: its figures, and the rows behind them as stored.
+struct Payweek
+{
+    PayweekFigures figures;
+    QList<QStringList> trips;
+    QList<QStringList> items;
+};
+
+/// What a payweek is read from, in the order of reading.
+enum class Reading { Trips, Items, EmergencyFund, TireFund, PerformanceBond, Fuel, Carryover };
+
+/// Reads a payweek with all of the above. Gives the reading that failed, which was the last.
+std::optional<Reading> loadPayweek(const QSqlDatabase &database, const PayweekKey &key,
+                                   Payweek &payweek, QString &error);
 
 } // namespace PayweekRepository

@@ -1,7 +1,7 @@
 #include "settlements/PayweekTables.h"
 
-#include "app/DataCell.h"
-#include "app/UiScale.h"
+#include "ui/DataCell.h"
+#include "ui/UiScale.h"
 
 #include <QCoreApplication>
 #include <QHeaderView>

@@ -1,7 +1,7 @@
 #include "settlements/SettlementItemForm.h"
 
-#include "app/WheelGuard.h"
 #include "data/DomainRules.h"
+#include "ui/WheelGuard.h"
 
 #include <QComboBox>
 #include <QCompleter>

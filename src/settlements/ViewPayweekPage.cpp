@@ -1,13 +1,12 @@
 #include "settlements/ViewPayweekPage.h"
 
-#include "app/DataTable.h"
-#include "app/PageParts.h"
-#include "app/WheelGuard.h"
 #include "data/DatabaseLocator.h"
 #include "data/DomainRules.h"
-#include "settlements/CarryoverRules.h"
-#include "settlements/PayweekRepository.h"
+#include "settlements/PayweekReport.h"
 #include "settlements/PayweekTables.h"
+#include "ui/DataTable.h"
+#include "ui/PageParts.h"
+#include "ui/WheelGuard.h"
 
 #include <QBoxLayout>
 #include <QComboBox>
@@ -201,15 +200,15 @@ void ViewPayweekPage::loadSummary()
                                                 : tr("Open trips.db first."));
         return;
     }
-    PayweekFigures figures;
-    figures.payweek = payweek;
-    QList<QStringList> trips;
-    QList<QStringList> items;
-    if (!readPayweek(figures, trips, items))
+    PayweekRepository::Payweek read;
+    QString error;
+    if (const auto failed = PayweekRepository::loadPayweek(database, payweek, read, error)) {
+        QMessageBox::critical(this, failureTitle(*failed), error);
         return;
-    PayweekTables::showTrips(tripTable, trips);
-    PayweekTables::showItems(itemTable, items);
-    summary->setPlainText(payweekReport(figures));
+    }
+    PayweekTables::showTrips(tripTable, read.trips);
+    PayweekTables::showItems(itemTable, read.items);
+    summary->setPlainText(payweekReport(read.figures));
     report(tr("Loaded View Payweek summary for %1").arg(payweek));
 }
 
@@ -220,32 +219,26 @@ void ViewPayweekPage::clearSummary()
     summary->clear();
 }
 
-bool ViewPayweekPage::readPayweek(PayweekFigures &figures, QList<QStringList> &trips,
-                                  QList<QStringList> &items)
+QString ViewPayweekPage::failureTitle(PayweekRepository::Reading failed)
 {
-    using namespace PayweekRepository;
-    QString error;
-    const auto failed = [this, &error](const QString &title) {
-        QMessageBox::critical(this, title, error);
-        return false;
-    };
-    if (!loadPayweekTrips(database, figures.payweek, trips, figures.trips, error))
-        return failed(tr("Trip Query Error"));
-    if (!loadPayweekSettlementItems(database, figures.payweek, items, figures.items, error))
-        return failed(tr("Settlement Query Error"));
-    if (!loadEmergencyFundSummary(database, figures.payweek, figures.emergencyFund, error))
-        return failed(tr("E-Fund Query Error"));
-    if (!loadTireFundSummary(database, figures.payweek, figures.tireFund, error))
-        return failed(tr("Tire Fund Query Error"));
-    if (!loadPerformanceBondSummary(database, figures.payweek, figures.performanceBond, error))
-        return failed(tr("Performance Bond Query Error"));
-    if (!loadPayweekFuelAnalytics(database, figures.payweek, figures.fuel, error))
-        return failed(tr("Fuel Analytics Query Error"));
-    figures.basic = CarryoverRules::basicSummary(figures.trips, figures.items);
-    if (!loadPayweekCarryover(database, figures.payweek, figures.basic, figures.emergencyFund,
-                              figures.performanceBond, figures.carryover, error))
-        return failed(tr("Carryover / Interest Query Error"));
-    return true;
+    using PayweekRepository::Reading;
+    switch (failed) {
+    case Reading::Trips:
+        return tr("Trip Query Error");
+    case Reading::Items:
+        return tr("Settlement Query Error");
+    case Reading::EmergencyFund:
+        return tr("E-Fund Query Error");
+    case Reading::TireFund:
+        return tr("Tire Fund Query Error");
+    case Reading::PerformanceBond:
+        return tr("Performance Bond Query Error");
+    case Reading::Fuel:
+        return tr("Fuel Analytics Query Error");
+    case Reading::Carryover:
+        break;
+    }
+    return tr("Carryover / Interest Query Error");
 }
 
 void ViewPayweekPage::openTrip(int row, int column)

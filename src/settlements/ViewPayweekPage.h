@@ -1,9 +1,8 @@
 #pragma once
 
-#include "settlements/PayweekReport.h"
+#include "settlements/PayweekRepository.h"
 
 #include <QSqlDatabase>
-#include <QStringList>
 #include <QWidget>
 
 #include <functional>
@@ -58,7 +57,7 @@ private:
     [[nodiscard]] int indexOfPayweek(const QString &payweek) const;
     void loadSummary();
     void clearSummary();
-    bool readPayweek(PayweekFigures &figures, QList<QStringList> &trips, QList<QStringList> &items);
+    [[nodiscard]] static QString failureTitle(PayweekRepository::Reading failed);
     void openTrip(int row, int column);
     void report(const QString &text) const;
 

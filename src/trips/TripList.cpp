@@ -1,9 +1,9 @@
 #include "trips/TripList.h"
 
-#include "app/UiScale.h"
 #include "data/DomainRules.h"
 #include "data/MoneyText.h"
 #include "trips/TripsTableItem.h"
+#include "ui/UiScale.h"
 
 #include <QHeaderView>
 #include <QSignalBlocker>

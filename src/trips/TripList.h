@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/DataTable.h"
 #include "trips/TripColumns.h"
+#include "ui/DataTable.h"
 
 /// The list of trips: 15 columns, each sorting by what it means, the newest trip first until a
 /// header is clicked. A refill keeps the sort.

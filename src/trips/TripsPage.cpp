@@ -1,18 +1,18 @@
 #include "trips/TripsPage.h"
 
-#include "app/PageParts.h"
-#include "app/UiScale.h"
-#include "app/WheelGuard.h"
 #include "data/DatabaseLocator.h"
 #include "data/DomainRules.h"
 #include "data/SqlTransaction.h"
 #include "trips/DetailsPane.h"
-#include "trips/FuelEditor.h"
-#include "trips/ItemEditor.h"
-#include "trips/StopsEditor.h"
 #include "trips/TripDetailsText.h"
 #include "trips/TripForm.h"
 #include "trips/TripList.h"
+#include "trips/fuel/FuelEditor.h"
+#include "trips/items/ItemEditor.h"
+#include "trips/stops/StopsEditor.h"
+#include "ui/PageParts.h"
+#include "ui/UiScale.h"
+#include "ui/WheelGuard.h"
 
 #include <QBoxLayout>
 #include <QComboBox>

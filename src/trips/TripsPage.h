@@ -1,8 +1,8 @@
 #pragma once
 
 #include "trips/TripArithmetic.h"
-#include "trips/TripContext.h"
 #include "trips/TripsRepository.h"
+#include "trips/grids/TripContext.h"
 
 #include <QSqlDatabase>
 #include <QWidget>

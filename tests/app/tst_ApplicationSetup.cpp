@@ -1,4 +1,5 @@
 #include "app/ApplicationSetup.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QApplication>
@@ -76,6 +77,6 @@ void tst_ApplicationSetup::messageBoxesShowMarkupAsItStands()
     QVERIFY(text->fontMetrics().horizontalAdvance(box.text()) <= text->width());
 }
 
-QTEST_MAIN(tst_ApplicationSetup)
+TEST_CLASS(tst_ApplicationSetup)
 
 #include "tst_ApplicationSetup.moc"

@@ -4,9 +4,9 @@
 #include "support/Person.h"
 #include "support/RowMakers.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 
 #include <QApplication>
-#include <QComboBox>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
@@ -40,17 +40,8 @@ private Q_SLOTS:
     void importPageIsNeverShown();
     void whatPagesReportStandsInTheStatusLine();
     void locationSavedByHandIsCountedOnTheStartScreen();
-    void emptyPayweekLeavesNoSeparatorInTheTitle();
-    void chosenPayweekStandsInTheTitle();
-    void payweekChosenBehindAnotherPageLeavesTheTitle();
-    void clickOnAPayweekOpensIt();
-    void clickOnATripOfAPayweekOpensItOnTrips();
-    void tripWithoutNumberOpensWithoutAStatusOfTheWindow();
     void startScreenRefreshesWhenShown();
     void startScreenTellsTheFileHeldOpenFromAnotherFolder();
-    void payweekThatIsNotThereLeavesTheSelection();
-    void tripThatIsGoneStillGetsTheWindowsStatus();
-    void payweekInTheTitleIsTrimmed();
     void pageStandsBesideTheNavigationAndGrows();
     void statusTextStandsInLabelAndBar();
     void statusTextIsShownOnce();
@@ -245,90 +236,6 @@ void tst_BrindlepathApp::locationSavedByHandIsCountedOnTheStartScreen()
     QCOMPARE(textOf(window, "startLocationsValue"), u"1"_s);
 }
 
-void tst_BrindlepathApp::emptyPayweekLeavesNoSeparatorInTheTitle()
-{
-    const Workspace workspace;
-    BrindlepathApp window;
-    Person::shows(window);
-    goTo(window, u"View Payweek"_s);
-    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - View Payweek"_s);
-    QCOMPARE(status(window), u"Current Page: View Payweek"_s);
-    Person::clicks(window, u"Refresh"_s);
-    QCOMPARE(named<QTextEdit>(window, "payweekSummary")->toPlainText(), u"Open trips.db first."_s);
-}
-
-void tst_BrindlepathApp::chosenPayweekStandsInTheTitle()
-{
-    Workspace workspace;
-    workspace.makeTrips();
-    trip().payweek(u"04/18/2026"_s).insert(workspace);
-    trip().payweek(u"04/11/2026"_s).insert(workspace);
-    BrindlepathApp window;
-    Person::shows(window);
-    goTo(window, u"View Payweek"_s);
-    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - View Payweek - 04/18/2026"_s);
-    Person::chooses(named<QComboBox>(window, "payweekBox"), u"04/11/2026"_s);
-    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - View Payweek - 04/11/2026"_s);
-}
-
-void tst_BrindlepathApp::payweekChosenBehindAnotherPageLeavesTheTitle()
-{
-    Workspace workspace;
-    workspace.makeTrips();
-    trip().payweek(u"04/18/2026"_s).insert(workspace);
-    trip().payweek(u"04/11/2026"_s).insert(workspace);
-    const BrindlepathApp window;
-    Person::chooses(named<QComboBox>(window, "payweekBox"), u"04/11/2026"_s);
-    QCOMPARE(window.windowTitle(), u"Brindlepath Desk"_s);
-}
-
-void tst_BrindlepathApp::clickOnAPayweekOpensIt()
-{
-    Workspace workspace;
-    workspace.makeTrips();
-    trip().no(u"4471203"_s).payweek(u"04/11/2026"_s).insert(workspace);
-    trip().no(u"4471204"_s).payweek(u"04/18/2026"_s).insert(workspace);
-    BrindlepathApp window;
-    Person::shows(window);
-    goTo(window, u"Trips"_s);
-    Person::clicksCell(named<QTableWidget>(window, "tripList"), 1, 2);
-    QCOMPARE(named<QListWidget>(window, "navigationList")->currentRow(), 4);
-    QCOMPARE(named<QStackedWidget>(window, "pageStack")->currentIndex(), 4);
-    QCOMPARE(named<QComboBox>(window, "payweekBox")->currentText(), u"04/11/2026"_s);
-    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - View Payweek - 04/11/2026"_s);
-    QCOMPARE(status(window), u"Opened View Payweek for 04/11/2026"_s);
-}
-
-void tst_BrindlepathApp::clickOnATripOfAPayweekOpensItOnTrips()
-{
-    Workspace workspace;
-    workspace.makeTrips();
-    trip().no(u"4471203"_s).payweek(u"04/18/2026"_s).insert(workspace);
-    BrindlepathApp window;
-    Person::shows(window);
-    goTo(window, u"View Payweek"_s);
-    Person::clicksCell(named<QTableWidget>(window, "payweekTrips"), 0, 0);
-    QCOMPARE(named<QListWidget>(window, "navigationList")->currentRow(), 1);
-    QCOMPARE(named<QLabel>(window, "tripIdLabel")->text(), u"1"_s);
-    QCOMPARE(named<QLineEdit>(window, "tripNoField")->text(), u"4471203"_s);
-    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - 4471203"_s);
-    QCOMPARE(status(window), u"Opened trip 4471203 from View Payweek"_s);
-}
-
-void tst_BrindlepathApp::tripWithoutNumberOpensWithoutAStatusOfTheWindow()
-{
-    Workspace workspace;
-    workspace.makeTrips();
-    trip().no(u""_s).payweek(u"04/18/2026"_s).insert(workspace);
-    BrindlepathApp window;
-    Person::shows(window);
-    goTo(window, u"View Payweek"_s);
-    Person::clicksCell(named<QTableWidget>(window, "payweekTrips"), 0, 0);
-    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - Trips"_s);
-    // What the Trips page itself reports stays.
-    QCOMPARE(status(window), u"Opened trip  from View Payweek"_s);
-}
-
 void tst_BrindlepathApp::startScreenRefreshesWhenShown()
 {
     Workspace workspace;
@@ -358,46 +265,6 @@ void tst_BrindlepathApp::startScreenTellsTheFileHeldOpenFromAnotherFolder()
     goTo(window, u"Start Screen"_s);
     QCOMPARE(textOf(window, "startDatabaseValue"), u"TRIPS.DB"_s);
     QCOMPARE(textOf(window, "startTripsValue"), u"0"_s);
-}
-
-void tst_BrindlepathApp::payweekThatIsNotThereLeavesTheSelection()
-{
-    Workspace workspace;
-    workspace.makeTrips();
-    trip().payweek(u"04/18/2026"_s).insert(workspace);
-    BrindlepathApp window;
-    Person::shows(window);
-    goTo(window, u"Trips"_s);
-    workspace.execute(u"UPDATE trips SET payweek = '04/25/2026'"_s);
-    Person::clicks(window, u"Refresh"_s);
-    Person::clicksCell(named<QTableWidget>(window, "tripList"), 0, 2);
-    QCOMPARE(named<QListWidget>(window, "navigationList")->currentRow(), 4);
-    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - View Payweek - 04/18/2026"_s);
-    QCOMPARE(status(window), u"Payweek not found in View Payweek selector: 04/25/2026"_s);
-}
-
-void tst_BrindlepathApp::tripThatIsGoneStillGetsTheWindowsStatus()
-{
-    Workspace workspace;
-    workspace.makeTrips();
-    trip().no(u"4471203"_s).payweek(u"04/18/2026"_s).insert(workspace);
-    BrindlepathApp window;
-    Person::shows(window);
-    goTo(window, u"View Payweek"_s);
-    workspace.execute(u"DELETE FROM trips"_s);
-    Person::clicksCell(named<QTableWidget>(window, "payweekTrips"), 0, 0);
-    QCOMPARE(named<QLabel>(window, "tripIdLabel")->text(), u"(new trip)"_s);
-    QCOMPARE(status(window), u"Opened trip 4471203 from View Payweek"_s);
-}
-
-void tst_BrindlepathApp::payweekInTheTitleIsTrimmed()
-{
-    const Workspace workspace;
-    BrindlepathApp window;
-    window.updateViewPayweekTitle(u"  04/18/2026 "_s);
-    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - View Payweek - 04/18/2026"_s);
-    window.updateViewPayweekTitle(u"   "_s);
-    QCOMPARE(window.windowTitle(), u"Brindlepath Desk - View Payweek"_s);
 }
 
 void tst_BrindlepathApp::pageStandsBesideTheNavigationAndGrows()
@@ -544,6 +411,6 @@ void tst_BrindlepathApp::helpMenuShowsTheAboutDialog()
     QCOMPARE(robot.seen().size(), 1);
 }
 
-QTEST_MAIN(tst_BrindlepathApp)
+TEST_CLASS(tst_BrindlepathApp)
 
 #include "tst_BrindlepathApp.moc"

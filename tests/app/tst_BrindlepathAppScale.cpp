@@ -2,6 +2,7 @@
 #include "app/DeskWindow.h"
 #include "settings/SettingsPage.h"
 #include "support/Person.h"
+#include "support/TestProgram.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -90,6 +91,6 @@ void tst_BrindlepathAppScale::programClampsTheScaleOnlyInItsWindow()
     QCOMPARE(QApplication::font().pointSize(), 17);
 }
 
-QTEST_MAIN(tst_BrindlepathAppScale)
+TEST_CLASS(tst_BrindlepathAppScale)
 
 #include "tst_BrindlepathAppScale.moc"

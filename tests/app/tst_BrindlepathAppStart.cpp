@@ -3,6 +3,7 @@
 #include "support/Person.h"
 #include "support/RowMakers.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -221,6 +222,6 @@ void tst_BrindlepathAppStart::zeroByteFileGivesTheBoxesOfEachPageOnce()
              QList<QStringList>({{u"settlement_import_log"_s}, {u"trip_detail_items"_s}}));
 }
 
-QTEST_MAIN(tst_BrindlepathAppStart)
+TEST_CLASS(tst_BrindlepathAppStart)
 
 #include "tst_BrindlepathAppStart.moc"

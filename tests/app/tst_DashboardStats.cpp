@@ -2,6 +2,7 @@
 #include "data/DatabaseLocator.h"
 #include "data/SqlStatement.h"
 #include "support/RowMakers.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QDir>
@@ -351,5 +352,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_DashboardStats)
+TEST_CLASS(tst_DashboardStats)
 #include "tst_DashboardStats.moc"

@@ -1,4 +1,5 @@
 #include "app/BrindlepathApp.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QApplication>
@@ -129,6 +130,6 @@ void tst_StartScreen::activityWrapsItsLines()
     QCOMPARE(activity->parentWidget()->layout()->contentsMargins(), QMargins(12, 12, 12, 12));
 }
 
-QTEST_MAIN(tst_StartScreen)
+TEST_CLASS(tst_StartScreen)
 
 #include "tst_StartScreen.moc"

@@ -1,4 +1,5 @@
 #include "app/StartScreenText.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -88,5 +89,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_StartScreenText)
+TEST_CLASS(tst_StartScreenText)
 #include "tst_StartScreenText.moc"

@@ -2,6 +2,7 @@
 #include "data/OtherDriver.h"
 #include "data/SqlStatement.h"
 #include "support/TestConnection.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QCoreApplication>
@@ -482,5 +483,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_DatabaseLocator)
+TEST_CLASS(tst_DatabaseLocator)
 #include "tst_DatabaseLocator.moc"

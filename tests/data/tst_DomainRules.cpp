@@ -1,4 +1,5 @@
 #include "data/DomainRules.h"
+#include "support/TestProgram.h"
 
 #include <QLocale>
 #include <QScopeGuard>
@@ -118,5 +119,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_DomainRules)
+TEST_CLASS(tst_DomainRules)
 #include "tst_DomainRules.moc"

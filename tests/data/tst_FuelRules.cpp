@@ -1,4 +1,5 @@
 #include "data/DomainRules.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -233,5 +234,5 @@ void tst_FuelRules::eachRuleReadsAFuelNameInItsOwnWay()
     QCOMPARE(fuelAnalyticsGroup(text), analyticsGroup);
 }
 
-QTEST_MAIN(tst_FuelRules)
+TEST_CLASS(tst_FuelRules)
 #include "tst_FuelRules.moc"

@@ -1,4 +1,5 @@
 #include "data/DomainRules.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -134,5 +135,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_FundRules)
+TEST_CLASS(tst_FundRules)
 #include "tst_FundRules.moc"

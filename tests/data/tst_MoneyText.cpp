@@ -1,4 +1,5 @@
 #include "data/MoneyText.h"
+#include "support/TestProgram.h"
 
 #include <QLocale>
 #include <QTest>
@@ -126,5 +127,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_MoneyText)
+TEST_CLASS(tst_MoneyText)
 #include "tst_MoneyText.moc"

@@ -1,6 +1,7 @@
 #include "data/DatabaseLocator.h"
 #include "data/OneCallConnection.h"
 #include "support/TestConnection.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QDir>
@@ -113,5 +114,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_OneCallConnection)
+TEST_CLASS(tst_OneCallConnection)
 #include "tst_OneCallConnection.moc"

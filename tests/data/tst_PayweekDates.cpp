@@ -1,4 +1,5 @@
 #include "data/DomainRules.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -244,5 +245,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_PayweekDates)
+TEST_CLASS(tst_PayweekDates)
 #include "tst_PayweekDates.moc"

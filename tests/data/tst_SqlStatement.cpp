@@ -1,5 +1,6 @@
 #include "data/SqlStatement.h"
 #include "support/TestConnection.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QTest>
@@ -333,5 +334,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_SqlStatement)
+TEST_CLASS(tst_SqlStatement)
 #include "tst_SqlStatement.moc"

@@ -1,5 +1,6 @@
 #include "data/SqlTransaction.h"
 #include "support/TestConnection.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QTest>
@@ -154,5 +155,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_SqlTransaction)
+TEST_CLASS(tst_SqlTransaction)
 #include "tst_SqlTransaction.moc"

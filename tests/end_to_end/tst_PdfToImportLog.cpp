@@ -1,10 +1,11 @@
-#include "pdfimport/ImportHistoryPage.h"
 #include "pdfimport/ImportPdfPage.h"
+#include "pdfimport/history/ImportHistoryPage.h"
 #include "samples/PdfFile.h"
 #include "support/DialogRobot.h"
 #include "support/Person.h"
 #include "support/RowMakers.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QPlainTextEdit>
@@ -167,5 +168,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_PdfToImportLog)
+TEST_CLASS(tst_PdfToImportLog)
 #include "tst_PdfToImportLog.moc"

@@ -1,4 +1,5 @@
 #include "support/RowMakers.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QDir>
@@ -68,6 +69,6 @@ void tst_Program::startsAtASavedScaleOutsideTheRange()
     startsQuietly(workspace);
 }
 
-QTEST_GUILESS_MAIN(tst_Program)
+TEST_CLASS_WITHOUT_WINDOWS(tst_Program)
 
 #include "tst_Program.moc"

@@ -3,6 +3,7 @@
 #include "support/Person.h"
 #include "support/RowMakers.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QDir>
@@ -137,6 +138,6 @@ void tst_ReadOnlyFolder::olderFileCannotBeBroughtUpToDate()
     QCOMPARE(window.findChild<QTableWidget *>(u"tripList"_s)->rowCount(), 1);
 }
 
-QTEST_MAIN(tst_ReadOnlyFolder)
+TEST_CLASS(tst_ReadOnlyFolder)
 
 #include "tst_ReadOnlyFolder.moc"

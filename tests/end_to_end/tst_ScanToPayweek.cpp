@@ -4,8 +4,9 @@
 #include "support/Person.h"
 #include "support/RowMakers.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
-#include "trips/GridHands.h"
+#include "trips/grids/GridHands.h"
 
 #include <QListWidget>
 #include <QTableWidget>
@@ -100,6 +101,6 @@ void tst_ScanToPayweek::scan(BrindlepathApp &window, DialogRobot &robot, const Q
     Person::clicks(window, u"Scan Fuel From Settlement PDF"_s);
 }
 
-QTEST_MAIN(tst_ScanToPayweek)
+TEST_CLASS(tst_ScanToPayweek)
 
 #include "tst_ScanToPayweek.moc"

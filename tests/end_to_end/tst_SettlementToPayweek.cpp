@@ -2,6 +2,7 @@
 #include "support/DialogRobot.h"
 #include "support/Person.h"
 #include "support/RowMakers.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QComboBox>
@@ -226,6 +227,6 @@ void tst_SettlementToPayweek::deletedItemIsTakenAwayEverywhere()
     QCOMPARE(person.figure(u"Settlement total after interest"_s), u"$100.00"_s);
 }
 
-QTEST_MAIN(tst_SettlementToPayweek)
+TEST_CLASS(tst_SettlementToPayweek)
 
 #include "tst_SettlementToPayweek.moc"

@@ -1,8 +1,9 @@
-#include "reports/PayTotalsRepository.h"
-#include "settlements/CarryoverRules.h"
+#include "reports/totals/PayTotalsRepository.h"
 #include "settlements/PayweekRepository.h"
+#include "settlements/carryover/CarryoverRules.h"
 #include "support/RowMakers.h"
 #include "support/TestConnection.h"
+#include "support/TestProgram.h"
 
 using namespace Qt::StringLiterals;
 using namespace PayTotalsRepository;
@@ -246,5 +247,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_TotalsAgainstPayweek)
+TEST_CLASS(tst_TotalsAgainstPayweek)
 #include "tst_TotalsAgainstPayweek.moc"

@@ -3,6 +3,7 @@
 #include "support/Person.h"
 #include "support/RowMakers.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QComboBox>
@@ -144,6 +145,6 @@ void tst_TripToPayweek::deletedTripIsGoneFromItsPayweek()
     QVERIFY(report(window).contains(u"  Trip net: $600.00"_s));
 }
 
-QTEST_MAIN(tst_TripToPayweek)
+TEST_CLASS(tst_TripToPayweek)
 
 #include "tst_TripToPayweek.moc"

@@ -12,6 +12,10 @@ inline const QStringList dallas = {
     QStringLiteral("DAL4"),   QStringLiteral("Yard"),   QStringLiteral("9 Oak Ln"),
     QStringLiteral("Dallas"), QStringLiteral("TX"),     QStringLiteral("75201"),
     QStringLiteral("32.5"),   QStringLiteral("-96.75"), QStringLiteral("Ring twice")};
+inline const QStringList kansas = {
+    QStringLiteral("KC1"),         QStringLiteral("Cross dock"), QStringLiteral("7 Elm Ave"),
+    QStringLiteral("Kansas City"), QStringLiteral("MO"),         QStringLiteral("64101"),
+    QStringLiteral("39.125"),      QStringLiteral("-94.5"),      QStringLiteral("Back in")};
 inline const QStringList nothing = QStringList(9, QStringLiteral(""));
 
 /// The same location under another code.

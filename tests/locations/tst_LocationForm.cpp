@@ -1,6 +1,7 @@
 #include "locations/LocationForm.h"
 #include "locations/LocationRows.h"
 #include "support/Person.h"
+#include "support/TestProgram.h"
 
 #include <QFormLayout>
 #include <QLabel>
@@ -190,5 +191,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_LocationForm)
+TEST_CLASS(tst_LocationForm)
 #include "tst_LocationForm.moc"

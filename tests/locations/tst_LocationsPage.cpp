@@ -2,6 +2,7 @@
 #include "locations/LocationsWindow.h"
 #include "support/DialogRobot.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -436,5 +437,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_LocationsPage)
+TEST_CLASS(tst_LocationsPage)
 #include "tst_LocationsPage.moc"

@@ -3,6 +3,7 @@
 #include "locations/LocationsWindow.h"
 #include "support/DialogRobot.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 
 #include <QDialog>
 #include <QTest>
@@ -272,5 +273,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_LocationsPageDeleting)
+TEST_CLASS(tst_LocationsPageDeleting)
 #include "tst_LocationsPageDeleting.moc"

@@ -2,6 +2,7 @@
 #include "locations/LocationsWindow.h"
 #include "support/DialogRobot.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -235,5 +236,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_LocationsPageOpening)
+TEST_CLASS(tst_LocationsPageOpening)
 #include "tst_LocationsPageOpening.moc"

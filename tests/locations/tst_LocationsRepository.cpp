@@ -1,5 +1,6 @@
 #include "locations/LocationsRepository.h"
 #include "support/TestConnection.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QTest>
@@ -343,5 +344,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_LocationsRepository)
+TEST_CLASS_WITHOUT_WINDOWS(tst_LocationsRepository)
 #include "tst_LocationsRepository.moc"

@@ -11,7 +11,7 @@ inline QList<QStringList> fuelRows(const Workspace &workspace)
                        "FROM trip_detail_items ORDER BY id"));
 }
 
-inline int loggedImports(const Workspace &workspace)
+inline int loggedImportCount(const Workspace &workspace)
 {
     return workspace.value(QStringLiteral("SELECT COUNT(*) FROM settlement_import_log")).toInt();
 }

@@ -1,5 +1,5 @@
-#include "ReviewedSettlement.h"
 #include "pdfimport/ImportRepository.h"
+#include "pdfimport/ReviewedSettlement.h"
 
 #include <QCoreApplication>
 #include <QSqlDatabase>

@@ -1,7 +1,8 @@
-#include "HistoryRows.h"
-#include "ReviewedSettlement.h"
 #include "pdfimport/ImportGuards.h"
+#include "pdfimport/ReviewedSettlement.h"
+#include "pdfimport/history/HistoryRows.h"
 #include "support/TestConnection.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QTest>
@@ -306,5 +307,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_ImportGuards)
+TEST_CLASS_WITHOUT_WINDOWS(tst_ImportGuards)
 #include "tst_ImportGuards.moc"

@@ -1,4 +1,5 @@
-#include "ImportedFile.h"
+#include "pdfimport/ImportedFile.h"
+#include "support/TestProgram.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -91,7 +92,7 @@ public:
         const int rows = static_cast<int>(fuelRows(workspace).size());
         const bool sound = workspace.value(u"PRAGMA integrity_check"_s).toString() == "ok"_L1
                            && (rows == 0 || rows == rowsOfTheImport)
-                           && loggedImports(workspace) == rows / rowsOfTheImport
+                           && loggedImportCount(workspace) == rows / rowsOfTheImport
                            && otherRows(workspace) == others;
         if (!sound)
             QTest::qFail(qPrintable(u"%1 rows are left."_s.arg(rows)), __FILE__, __LINE__);
@@ -151,5 +152,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_ImportKilled)
+TEST_CLASS_WITHOUT_WINDOWS(tst_ImportKilled)
 #include "tst_ImportKilled.moc"

@@ -1,4 +1,5 @@
-#include "ImportWindow.h"
+#include "pdfimport/ImportWindow.h"
+#include "support/TestProgram.h"
 
 #include <QAbstractButton>
 #include <QFile>
@@ -487,5 +488,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_ImportPdfPage)
+TEST_CLASS(tst_ImportPdfPage)
 #include "tst_ImportPdfPage.moc"

@@ -1,5 +1,6 @@
-#include "ImportWindow.h"
-#include "pdfimport/ImportHistoryPage.h"
+#include "pdfimport/ImportWindow.h"
+#include "pdfimport/history/ImportHistoryPage.h"
+#include "support/TestProgram.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -463,5 +464,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_ImportPdfPageImport)
+TEST_CLASS(tst_ImportPdfPageImport)
 #include "tst_ImportPdfPageImport.moc"

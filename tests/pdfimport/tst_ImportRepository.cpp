@@ -1,9 +1,10 @@
-#include "ConnectionLeftBehind.h"
-#include "HistoryRows.h"
-#include "ImportedFile.h"
-#include "ReviewedSettlement.h"
+#include "pdfimport/ConnectionLeftBehind.h"
 #include "pdfimport/ImportRepository.h"
+#include "pdfimport/ImportedFile.h"
+#include "pdfimport/ReviewedSettlement.h"
+#include "pdfimport/history/HistoryRows.h"
 #include "support/TestConnection.h"
+#include "support/TestProgram.h"
 
 #include <QDir>
 #include <QTest>
@@ -295,7 +296,7 @@ private Q_SLOTS:
         isBlocked(operation, reviewed(),
                   u"Duplicate blocked: PDF name 'week16.pdf' was already imported for payweek "
                   "04/18/2026 as history ID 1 on 2026-04-20 14:05:09."_s);
-        QCOMPARE(loggedImports(workspace), 1);
+        QCOMPARE(loggedImportCount(workspace), 1);
         QCOMPARE(fuelRows(workspace), QList<QStringList>());
     }
 
@@ -330,7 +331,7 @@ private Q_SLOTS:
                                   u"trips_connection"_s);
         QCOMPARE(previewImport(reviewed()).fuelDetailRows, 1);
         QCOMPARE(applyImport(reviewed()).fuelDetailRows, 1);
-        QCOMPARE(loggedImports(workspace), 1);
+        QCOMPARE(loggedImportCount(workspace), 1);
         QCOMPARE(page.value(u"SELECT COUNT(*) FROM settlement_import_log"_s), 0);
     }
 
@@ -444,5 +445,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_ImportRepository)
+TEST_CLASS_WITHOUT_WINDOWS(tst_ImportRepository)
 #include "tst_ImportRepository.moc"

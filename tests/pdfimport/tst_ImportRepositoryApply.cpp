@@ -1,6 +1,7 @@
-#include "ImportedFile.h"
-#include "ReviewedSettlement.h"
 #include "pdfimport/ImportRepository.h"
+#include "pdfimport/ImportedFile.h"
+#include "pdfimport/ReviewedSettlement.h"
+#include "support/TestProgram.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -353,7 +354,7 @@ private Q_SLOTS:
         const ImportResult result = applyImport(reviewed());
         QCOMPARE(result.success, true);
         QCOMPARE(result.fuelDetailRows, 0);
-        QCOMPARE(loggedImports(workspace), 1);
+        QCOMPARE(loggedImportCount(workspace), 1);
         insertBusinessWeek(workspace);
         QCOMPARE(guardIn(applyImport(reviewed()).message), byContent);
         QCOMPARE(fuelRows(workspace), QList<QStringList>());
@@ -371,7 +372,7 @@ private Q_SLOTS:
         QCOMPARE(result.success, true);
         QCOMPARE(result.skippedRows, 1);
         QCOMPARE(result.details.first(), u"Skipped row for missing trip '4471203': Truck Fuel"_s);
-        QCOMPARE(loggedImports(workspace), 1);
+        QCOMPARE(loggedImportCount(workspace), 1);
     }
 
     void secondImportWithoutAChangeIsBlockedByItsContent()
@@ -388,7 +389,7 @@ private Q_SLOTS:
                                  "week16.pdf)."_s);
         QCOMPARE(previewImport(reviewed()).message, second.message);
         QCOMPARE(fuelRows(workspace).size(), 1);
-        QCOMPARE(loggedImports(workspace), 1);
+        QCOMPARE(loggedImportCount(workspace), 1);
     }
 
     void secondImportIsAnsweredByTheGuardThatKnowsIt_data();
@@ -478,8 +479,8 @@ void tst_ImportRepositoryApply::secondImportIsAnsweredByTheGuardThatKnowsIt()
     const bool passes = answer == notAtAll;
     QCOMPARE(previewImport(settlement).success, passes);
     QCOMPARE(guardIn(applyImport(settlement).message), answer);
-    QCOMPARE(loggedImports(workspace), passes ? 2 : 1);
+    QCOMPARE(loggedImportCount(workspace), passes ? 2 : 1);
 }
 
-QTEST_GUILESS_MAIN(tst_ImportRepositoryApply)
+TEST_CLASS_WITHOUT_WINDOWS(tst_ImportRepositoryApply)
 #include "tst_ImportRepositoryApply.moc"

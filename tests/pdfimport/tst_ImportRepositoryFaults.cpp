@@ -1,10 +1,11 @@
-#include "FileSizeLimit.h"
-#include "HistoryRows.h"
-#include "ImportedFile.h"
-#include "OpeningStatement.h"
-#include "ReviewedSettlement.h"
 #include "pdfimport/ImportRepository.h"
+#include "pdfimport/ImportedFile.h"
+#include "pdfimport/OpeningStatement.h"
+#include "pdfimport/ReviewedSettlement.h"
+#include "pdfimport/history/HistoryRows.h"
+#include "support/FileSizeLimit.h"
 #include "support/TestConnection.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -34,7 +35,7 @@ public:
     void isUntouched() const
     {
         QCOMPARE(fuelRows(workspace), fuelBefore);
-        QCOMPARE(loggedImports(workspace), 0);
+        QCOMPARE(loggedImportCount(workspace), 0);
         QCOMPARE(otherRows(workspace), othersBefore);
         QCOMPARE(workspace.value(u"PRAGMA integrity_check"_s).toString(), u"ok"_s);
         const TestConnection next(workspace.path(u"trips.db"_s));
@@ -111,7 +112,7 @@ private Q_SLOTS:
         QCOMPARE(result.success, true);
         QCOMPARE(result.fuelDetailRows, 4);
         QCOMPARE(fuelRows(file.workspace).size(), 1 + 4);
-        QCOMPARE(loggedImports(file.workspace), 1);
+        QCOMPARE(loggedImportCount(file.workspace), 1);
     }
 
     void tablesThatWereMadeSurviveAFailure()
@@ -123,7 +124,7 @@ private Q_SLOTS:
         QCOMPARE(file.workspace.value(u"SELECT COUNT(*) FROM sqlite_master "
                                       "WHERE tbl_name = 'settlement_import_log'"_s),
                  4);
-        QCOMPARE(loggedImports(file.workspace), 0);
+        QCOMPARE(loggedImportCount(file.workspace), 0);
     }
 
     void rowsWithoutALogAreTakenBack()
@@ -276,5 +277,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_ImportRepositoryFaults)
+TEST_CLASS_WITHOUT_WINDOWS(tst_ImportRepositoryFaults)
 #include "tst_ImportRepositoryFaults.moc"

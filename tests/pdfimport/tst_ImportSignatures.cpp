@@ -1,5 +1,6 @@
-#include "ReviewedSettlement.h"
 #include "pdfimport/ImportSignatures.h"
+#include "pdfimport/ReviewedSettlement.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QTest>
@@ -301,5 +302,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_ImportSignatures)
+TEST_CLASS_WITHOUT_WINDOWS(tst_ImportSignatures)
 #include "tst_ImportSignatures.moc"

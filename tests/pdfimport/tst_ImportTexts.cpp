@@ -1,6 +1,7 @@
 #include "pdfimport/ImportRepository.h"
 #include "pdfimport/ImportTexts.h"
 #include "pdfimport/SettlementParser.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -87,5 +88,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_ImportTexts)
+TEST_CLASS_WITHOUT_WINDOWS(tst_ImportTexts)
 #include "tst_ImportTexts.moc"

@@ -1,5 +1,6 @@
-#include "Extraction.h"
+#include "pdfimport/tools/Extraction.h"
 #include "samples/PdfFile.h"
+#include "support/TestProgram.h"
 
 #include <QStandardPaths>
 
@@ -258,5 +259,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_PdfTextExtractor)
+TEST_CLASS(tst_PdfTextExtractor)
 #include "tst_PdfTextExtractor.moc"

@@ -1,5 +1,6 @@
-#include "ToolScripts.h"
-#include "pdfimport/PdfTools.h"
+#include "pdfimport/tools/PdfTools.h"
+#include "pdfimport/tools/ToolScripts.h"
+#include "support/TestProgram.h"
 
 using namespace Qt::StringLiterals;
 
@@ -243,5 +244,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_PdfTextExtractorFailures)
+TEST_CLASS_WITHOUT_WINDOWS(tst_PdfTextExtractorFailures)
 #include "tst_PdfTextExtractorFailures.moc"

@@ -1,4 +1,5 @@
-#include "ToolScripts.h"
+#include "pdfimport/tools/ToolScripts.h"
+#include "support/TestProgram.h"
 
 using namespace Qt::StringLiterals;
 
@@ -238,5 +239,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_PdfTextExtractorOcr)
+TEST_CLASS_WITHOUT_WINDOWS(tst_PdfTextExtractorOcr)
 #include "tst_PdfTextExtractorOcr.moc"

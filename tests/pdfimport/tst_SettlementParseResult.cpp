@@ -1,4 +1,5 @@
 #include "pdfimport/SettlementParser.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -129,5 +130,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_SettlementParseResult)
+TEST_CLASS_WITHOUT_WINDOWS(tst_SettlementParseResult)
 #include "tst_SettlementParseResult.moc"

@@ -1,4 +1,5 @@
 #include "pdfimport/SettlementParser.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -284,5 +285,5 @@ private:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_SettlementParser)
+TEST_CLASS_WITHOUT_WINDOWS(tst_SettlementParser)
 #include "tst_SettlementParser.moc"

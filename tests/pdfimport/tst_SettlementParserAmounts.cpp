@@ -1,4 +1,5 @@
 #include "pdfimport/SettlementParser.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -130,5 +131,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_SettlementParserAmounts)
+TEST_CLASS_WITHOUT_WINDOWS(tst_SettlementParserAmounts)
 #include "tst_SettlementParserAmounts.moc"

@@ -1,4 +1,5 @@
 #include "pdfimport/SettlementParser.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -244,5 +245,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_SettlementParserRows)
+TEST_CLASS_WITHOUT_WINDOWS(tst_SettlementParserRows)
 #include "tst_SettlementParserRows.moc"

@@ -1,4 +1,5 @@
 #include "pdfimport/SettlementParser.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -83,5 +84,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_SettlementParserTripScan)
+TEST_CLASS_WITHOUT_WINDOWS(tst_SettlementParserTripScan)
 #include "tst_SettlementParserTripScan.moc"

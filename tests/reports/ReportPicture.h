@@ -1,7 +1,7 @@
 #pragma once
 
-#include "reports/ReportChart.h"
 #include "reports/ReportRows.h"
+#include "reports/charts/ReportChart.h"
 
 #include <QImage>
 

@@ -1,6 +1,7 @@
 #include "reports/ReportRows.h"
 #include "reports/ReportTable.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 
 #include <QHeaderView>
 
@@ -193,5 +194,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_ReportTable)
+TEST_CLASS(tst_ReportTable)
 #include "tst_ReportTable.moc"

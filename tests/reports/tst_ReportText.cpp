@@ -1,5 +1,6 @@
 #include "reports/ReportRows.h"
 #include "reports/ReportText.h"
+#include "support/TestProgram.h"
 
 using namespace Qt::StringLiterals;
 
@@ -165,5 +166,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_ReportText)
+TEST_CLASS(tst_ReportText)
 #include "tst_ReportText.moc"

@@ -1,5 +1,6 @@
 #include "reports/ReportRows.h"
 #include "reports/ReportsRepository.h"
+#include "support/TestProgram.h"
 
 #include <limits>
 
@@ -417,5 +418,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_ReportsRepository)
+TEST_CLASS(tst_ReportsRepository)
 #include "tst_ReportsRepository.moc"

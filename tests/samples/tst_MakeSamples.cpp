@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QDir>
@@ -125,5 +126,5 @@ void tst_MakeSamples::wrongArgumentsGiveTheUsage()
     QVERIFY(!QFile::exists(workspace.path(u"samples"_s)));
 }
 
-QTEST_GUILESS_MAIN(tst_MakeSamples)
+TEST_CLASS_WITHOUT_WINDOWS(tst_MakeSamples)
 #include "tst_MakeSamples.moc"

@@ -1,5 +1,6 @@
 #include "samples/SampleBusiness.h"
 #include "samples/SampleLocations.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QMap>
@@ -279,5 +280,5 @@ void tst_SampleBusiness::roadMilesAreNearTheRealOnes()
     QVERIFY2(std::abs(found - miles) * 10 < miles, qPrintable(QString::number(found)));
 }
 
-QTEST_GUILESS_MAIN(tst_SampleBusiness)
+TEST_CLASS_WITHOUT_WINDOWS(tst_SampleBusiness)
 #include "tst_SampleBusiness.moc"

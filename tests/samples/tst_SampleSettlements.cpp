@@ -2,6 +2,7 @@
 #include "pdfimport/SettlementParser.h"
 #include "samples/SampleBusiness.h"
 #include "samples/SampleSettlements.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QDir>
@@ -96,5 +97,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_SampleSettlements)
+TEST_CLASS(tst_SampleSettlements)
 #include "tst_SampleSettlements.moc"

@@ -3,6 +3,7 @@
 #include "data/SqlStatement.h"
 #include "samples/SampleBusiness.h"
 #include "samples/SampleWriter.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QFile>
@@ -325,5 +326,5 @@ void tst_SampleWriter::appointmentsAreStoredAsTheProductStoresThem()
              u"202611/20/2026"_s);
 }
 
-QTEST_GUILESS_MAIN(tst_SampleWriter)
+TEST_CLASS_WITHOUT_WINDOWS(tst_SampleWriter)
 #include "tst_SampleWriter.moc"

@@ -1,6 +1,7 @@
 #include "data/DatabaseLocator.h"
 #include "samples/SqlScript.h"
 #include "support/RowMakers.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QFile>
@@ -116,5 +117,5 @@ void tst_SqlScript::leavesNoConnectionBehind()
     QCOMPARE(QSqlDatabase::connectionNames(), QStringList());
 }
 
-QTEST_GUILESS_MAIN(tst_SqlScript)
+TEST_CLASS_WITHOUT_WINDOWS(tst_SqlScript)
 #include "tst_SqlScript.moc"

@@ -2,6 +2,7 @@
 #include "data/OneCallConnection.h"
 #include "data/SqlStatement.h"
 #include "schema/IndexedStatements.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QFile>
@@ -331,5 +332,5 @@ void tst_Schema::everyIndexServesAStatement()
     QCOMPARE(QSet<QString>(names.cbegin(), names.cend()), used);
 }
 
-QTEST_GUILESS_MAIN(tst_Schema)
+TEST_CLASS_WITHOUT_WINDOWS(tst_Schema)
 #include "tst_Schema.moc"

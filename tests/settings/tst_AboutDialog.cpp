@@ -1,6 +1,7 @@
 #include "settings/AboutDialog.h"
 #include "settings/ProductFacts.h"
 #include "support/DialogRobot.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QApplication>
@@ -322,5 +323,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_AboutDialog)
+TEST_CLASS(tst_AboutDialog)
 #include "tst_AboutDialog.moc"

@@ -1,6 +1,7 @@
 #include "settings/Backups.h"
 #include "settings/DatabaseFiles.h"
 #include "settings/FailingFiles.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QDir>
@@ -424,6 +425,6 @@ void tst_DatabaseFiles::onAFullDiskOnlyTheBackupIsLeft()
     QCOMPARE(workspace.bytes(u"backup.db"_s), muchData);
 }
 
-QTEST_GUILESS_MAIN(tst_DatabaseFiles)
+TEST_CLASS_WITHOUT_WINDOWS(tst_DatabaseFiles)
 
 #include "tst_DatabaseFiles.moc"

@@ -1,4 +1,5 @@
 #include "settings/LicenceText.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QDir>
@@ -103,5 +104,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_LicenceText)
+TEST_CLASS(tst_LicenceText)
 #include "tst_LicenceText.moc"

@@ -1,7 +1,8 @@
-#include "app/UiScale.h"
 #include "settings/SettingsWindow.h"
 #include "support/ReadingOrder.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
+#include "ui/UiScale.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -450,6 +451,6 @@ void tst_SettingsPage::percentOutOfBoundsCannotBeTyped()
     QCOMPARE(settings.percentBox()->text(), u"110%"_s);
 }
 
-QTEST_MAIN(tst_SettingsPage)
+TEST_CLASS(tst_SettingsPage)
 
 #include "tst_SettingsPage.moc"

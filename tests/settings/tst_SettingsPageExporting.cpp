@@ -1,6 +1,7 @@
 #include "settings/DatabaseWords.h"
 #include "settings/SettingsWindow.h"
 #include "support/DialogRobot.h"
+#include "support/TestProgram.h"
 
 #include <QDir>
 
@@ -244,6 +245,6 @@ void tst_SettingsPageExporting::exportThatCannotBeLoggedReadsAsAnyOther()
     QVERIFY(!QFile::exists(u"trips.db"_s));
 }
 
-QTEST_MAIN(tst_SettingsPageExporting)
+TEST_CLASS(tst_SettingsPageExporting)
 
 #include "tst_SettingsPageExporting.moc"

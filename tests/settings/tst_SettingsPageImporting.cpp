@@ -2,6 +2,7 @@
 #include "settings/DatabaseWords.h"
 #include "settings/SettingsWindow.h"
 #include "support/DialogRobot.h"
+#include "support/TestProgram.h"
 
 #include <QScopeGuard>
 
@@ -268,6 +269,6 @@ void tst_SettingsPageImporting::fileThatIsNoDatabaseIsImportedAndReadsAsAnyOther
     QCOMPARE(backups().size(), 1);
 }
 
-QTEST_MAIN(tst_SettingsPageImporting)
+TEST_CLASS(tst_SettingsPageImporting)
 
 #include "tst_SettingsPageImporting.moc"

@@ -97,7 +97,7 @@ public:
     QStringList statuses;
 };
 
-inline const QString week = QStringLiteral("04/18/2026");
+inline const QString editedWeek = QStringLiteral("04/18/2026");
 inline const QString nextWeek = QStringLiteral("04/25/2026");
 inline const QString newMode = QStringLiteral("New settlement item mode.");
 
@@ -110,17 +110,17 @@ inline const QStringList permit = {QStringLiteral("1"), QStringLiteral("expense"
                                    QStringLiteral("Permit"), QStringLiteral("1234.50")};
 
 // The items of makeWeek() as storedItems() gives them.
-inline const QStringList storedPermit = {week, QStringLiteral("expense"), QStringLiteral("Permit"),
-                                         QStringLiteral("1234.5")};
-inline const QStringList storedBonus = {week, QStringLiteral("revenue"), QStringLiteral("Bonus"),
-                                        QStringLiteral("250")};
+inline const QStringList storedPermit = {editedWeek, QStringLiteral("expense"),
+                                         QStringLiteral("Permit"), QStringLiteral("1234.5")};
+inline const QStringList storedBonus = {editedWeek, QStringLiteral("revenue"),
+                                        QStringLiteral("Bonus"), QStringLiteral("250")};
 
 /// A trips.db with a week of two items: 1 Permit and 2 Bonus, which stand in this order.
 inline QString makeWeek(Workspace &workspace)
 {
     QString path = workspace.makeTrips();
-    expense(week, QStringLiteral("Permit"), 1234.5).insert(workspace);
-    revenue(week, QStringLiteral("Bonus"), 250.0).insert(workspace);
+    expense(editedWeek, QStringLiteral("Permit"), 1234.5).insert(workspace);
+    revenue(editedWeek, QStringLiteral("Bonus"), 250.0).insert(workspace);
     return path;
 }
 
@@ -128,12 +128,12 @@ inline QString makeWeek(Workspace &workspace)
 inline QString makeWeekOfThree(Workspace &workspace)
 {
     QString path = makeWeek(workspace);
-    expense(week, QStringLiteral("ELD"), 9.25).insert(workspace);
+    expense(editedWeek, QStringLiteral("ELD"), 9.25).insert(workspace);
     return path;
 }
 
 /// What the page tells once the items of a payweek are there.
-inline QString loadedRows(int count, const QString &payweek = week)
+inline QString loadedRows(int count, const QString &payweek = editedWeek)
 {
     return QStringLiteral("Loaded %1 settlement rows for %2").arg(QString::number(count), payweek);
 }

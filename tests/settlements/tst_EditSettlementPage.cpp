@@ -1,5 +1,6 @@
 #include "settlements/SettlementWindow.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 
 #include <QFontMetrics>
 
@@ -26,10 +27,11 @@ private Q_SLOTS:
         const SettlementWindow view(makeWeekOfThree(workspace));
         QCOMPARE(headers(view.table()),
                  QStringList({u"ID ↕"_s, u"Payweek ↕"_s, u"Kind ↕"_s, u"Name ↕"_s, u"Amount ↕"_s}));
-        QCOMPARE(texts(view.table()),
-                 QList<QStringList>({{u"1"_s, week, u"expense"_s, u"Permit"_s, u"$1,234.50"_s},
-                                     {u"3"_s, week, u"expense"_s, u"ELD"_s, u"$9.25"_s},
-                                     {u"2"_s, week, u"revenue"_s, u"Bonus"_s, u"$250.00"_s}}));
+        QCOMPARE(
+            texts(view.table()),
+            QList<QStringList>({{u"1"_s, editedWeek, u"expense"_s, u"Permit"_s, u"$1,234.50"_s},
+                                {u"3"_s, editedWeek, u"expense"_s, u"ELD"_s, u"$9.25"_s},
+                                {u"2"_s, editedWeek, u"revenue"_s, u"Bonus"_s, u"$250.00"_s}}));
         QCOMPARE(view.summary(), u"Summary for 04/18/2026: Revenue $250.00 | Expenses $1243.75 | "
                                  "Net $-993.75 | Rows 3"_s);
         QVERIFY(!view.saysEmpty());
@@ -44,7 +46,7 @@ private Q_SLOTS:
         QStringList kept;
         for (int column = 0; column < view.table()->columnCount(); ++column)
             kept.append(view.table()->item(0, column)->data(Qt::UserRole + 1).toString());
-        QCOMPARE(kept, QStringList({u"1"_s, week, u"expense"_s, u"Permit"_s, u"1234.50"_s}));
+        QCOMPARE(kept, QStringList({u"1"_s, editedWeek, u"expense"_s, u"Permit"_s, u"1234.50"_s}));
     }
 
     void amountIsShownAsMoney_data()
@@ -65,7 +67,7 @@ private Q_SLOTS:
         QFETCH(const QString, shown);
         Workspace workspace;
         const QString path = workspace.makeTrips();
-        expense(week, u"Permit"_s, 0.0).set(u"amount"_s, amount).insert(workspace);
+        expense(editedWeek, u"Permit"_s, 0.0).set(u"amount"_s, amount).insert(workspace);
         const SettlementWindow view(path);
         QCOMPARE(column(view.table(), u"Amount"_s), QStringList({shown}));
     }
@@ -76,7 +78,7 @@ private Q_SLOTS:
         const QString path = makeWeekOfThree(workspace);
         trip().payweek(nextWeek).insert(workspace);
         SettlementWindow view(path);
-        view.chooses(week);
+        view.chooses(editedWeek);
         QVERIFY(!view.saysEmpty());
         view.statuses.clear();
         view.chooses(nextWeek);
@@ -94,7 +96,7 @@ private Q_SLOTS:
         const QString path = workspace.makeTrips();
         expense(u" 04/18/2026"_s, u"ELD"_s, 9.25).insert(workspace);
         const SettlementWindow view(path);
-        QCOMPARE(view.payweeks()->currentText(), week);
+        QCOMPARE(view.payweeks()->currentText(), editedWeek);
         QCOMPARE(view.table()->rowCount(), 0);
         QVERIFY(view.saysEmpty());
     }
@@ -141,8 +143,8 @@ private Q_SLOTS:
     {
         Workspace workspace;
         const QString path = makeWeekOfThree(workspace);
-        SettlementItemMaker(week, u"other"_s, u"Note"_s, -5.0).insert(workspace);
-        SettlementItemMaker(week, u" EXPENSE "_s, u"Wash"_s, 20.0).insert(workspace);
+        SettlementItemMaker(editedWeek, u"other"_s, u"Note"_s, -5.0).insert(workspace);
+        SettlementItemMaker(editedWeek, u" EXPENSE "_s, u"Wash"_s, 20.0).insert(workspace);
         const SettlementWindow view(path);
         QCOMPARE(column(view.table(), u"Name"_s),
                  QStringList({u"Wash"_s, u"Permit"_s, u"ELD"_s, u"Note"_s, u"Bonus"_s}));
@@ -156,8 +158,8 @@ private Q_SLOTS:
     {
         Workspace workspace;
         const QString path = workspace.makeTrips();
-        expense(week, u"tolls"_s, 1.0).insert(workspace);
-        expense(week, u"TOLLS"_s, 2.0).insert(workspace);
+        expense(editedWeek, u"tolls"_s, 1.0).insert(workspace);
+        expense(editedWeek, u"TOLLS"_s, 2.0).insert(workspace);
         const SettlementWindow view(path);
         QCOMPARE(view.name()->count(), 1);
         view.clicksItem(0);
@@ -171,7 +173,7 @@ private Q_SLOTS:
     {
         Workspace workspace;
         const QString path = workspace.makeTrips();
-        expense(week, u" Tolls "_s, 2.0).insert(workspace);
+        expense(editedWeek, u" Tolls "_s, 2.0).insert(workspace);
         SettlementWindow view(path);
         QCOMPARE(offeredBy(view.name()), QStringList({u"Tolls"_s}));
         view.clicksItem(0);
@@ -198,7 +200,7 @@ private Q_SLOTS:
         workspace.execute(u"CREATE TABLE settlement_non_trip_items "
                           "(id TEXT, settlement_date TEXT, kind TEXT, name TEXT, amount REAL)"_s);
         for (const QString &id : {u"0"_s, u"-3"_s, u"7"_s, u"x1"_s})
-            revenue(week, u"Item "_s + id, 2.0).set(u"id"_s, id).insert(workspace);
+            revenue(editedWeek, u"Item "_s + id, 2.0).set(u"id"_s, id).insert(workspace);
         SettlementWindow view(path);
         QCOMPARE(column(view.table(), u"ID"_s), QStringList({u"-3"_s, u"0"_s, u"7"_s, u"x1"_s}));
         view.clicksItem(2);
@@ -241,7 +243,7 @@ private Q_SLOTS:
         view.clicksItem(0);
         view.typesAmount(u"3"_s);
         workspace.execute(u"DELETE FROM settlement_non_trip_items WHERE id = 3"_s);
-        expense(week, u"Axle"_s, 5.0).set(u"id"_s, 9).insert(workspace);
+        expense(editedWeek, u"Axle"_s, 5.0).set(u"id"_s, 9).insert(workspace);
         workspace.execute(u"UPDATE settlement_non_trip_items SET kind = 'aside' WHERE id > 1"_s);
         view.statuses.clear();
         view.clicks(u"Refresh"_s);
@@ -272,12 +274,12 @@ private Q_SLOTS:
         const QString path = makeWeekOfThree(workspace);
         trip().payweek(nextWeek).insert(workspace);
         SettlementWindow view(path);
-        view.chooses(week);
+        view.chooses(editedWeek);
         trip().payweek(u"05/02/2026"_s).insert(workspace);
         view.statuses.clear();
         view.clicks(u"Refresh"_s);
-        QCOMPARE(offeredBy(view.payweeks()), QStringList({u"05/02/2026"_s, nextWeek, week}));
-        QCOMPARE(view.payweeks()->currentText(), week);
+        QCOMPARE(offeredBy(view.payweeks()), QStringList({u"05/02/2026"_s, nextWeek, editedWeek}));
+        QCOMPARE(view.payweeks()->currentText(), editedWeek);
         QCOMPARE(view.statuses,
                  QStringList({u"Loaded 3 settlement payweeks"_s, newMode, loadedRows(3)}));
     }
@@ -287,14 +289,14 @@ private Q_SLOTS:
         Workspace workspace;
         const QString path = workspace.makeTrips();
         expense(u"Week A"_s, u"ELD"_s, 9.25).insert(workspace);
-        trip().payweek(week).insert(workspace);
+        trip().payweek(editedWeek).insert(workspace);
         const SettlementWindow view(path);
         QCOMPARE(view.payweeks()->currentText(), u"Week A"_s);
         view.chooses(u"Week A"_s);
         workspace.execute(u"UPDATE settlement_non_trip_items SET settlement_date = 'week a'"_s);
         trip().payweek(u"x"_s).insert(workspace);
         view.clicks(u"Refresh"_s);
-        QCOMPARE(offeredBy(view.payweeks()), QStringList({u"x"_s, u"week a"_s, week}));
+        QCOMPARE(offeredBy(view.payweeks()), QStringList({u"x"_s, u"week a"_s, editedWeek}));
         QCOMPARE(view.payweeks()->currentText(), u"x"_s);
     }
 
@@ -303,7 +305,7 @@ private Q_SLOTS:
         Workspace workspace;
         const QString path = makeWeekOfThree(workspace);
         expense(u"12/26/2025"_s, u"Tarp"_s, 4.0).insert(workspace);
-        apr(week, 4.25).insert(workspace);
+        apr(editedWeek, 4.25).insert(workspace);
         apr(u"12/26/2025"_s, 6.5).insert(workspace);
         SettlementWindow view(path);
         view.clicksItem(0);
@@ -346,12 +348,12 @@ private Q_SLOTS:
         Workspace workspace;
         const QString path = makeWeekOfThree(workspace);
         trip().payweek(nextWeek).insert(workspace);
-        apr(week, 4.25).insert(workspace);
+        apr(editedWeek, 4.25).insert(workspace);
         const SettlementWindow view(path);
         QList<double> heard;
         connect(view.rate(), &QDoubleSpinBox::valueChanged, this,
                 [&heard](double percent) { heard.append(percent); });
-        view.chooses(week);
+        view.chooses(editedWeek);
         QCOMPARE(view.rate()->value(), 4.25);
         QCOMPARE(heard, QList<double>());
         view.typesRate(u"5"_s);
@@ -365,7 +367,7 @@ private Q_SLOTS:
         SettlementWindow view(makeWeek(workspace));
         view.window.resize(1600, 800);
         const int before = view.table()->columnWidth(3);
-        expense(week, longName, 12'345'678'901.25).insert(workspace);
+        expense(editedWeek, longName, 12'345'678'901.25).insert(workspace);
         view.clicks(u"Refresh"_s);
         const QFontMetrics metrics = view.table()->fontMetrics();
         QVERIFY(before < metrics.horizontalAdvance(longName));
@@ -379,7 +381,7 @@ private Q_SLOTS:
     {
         Workspace workspace;
         const QString path = makeWeekOfThree(workspace);
-        revenue(week, u"Refund"_s, -20.0).insert(workspace);
+        revenue(editedWeek, u"Refund"_s, -20.0).insert(workspace);
         const SettlementWindow view(path);
         Person::clicksHeader(view.table(), 4);
         const QStringList ascending = {u"-$20.00"_s, u"$9.25"_s, u"$250.00"_s, u"$1,234.50"_s};
@@ -410,5 +412,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_EditSettlementPage)
+TEST_CLASS(tst_EditSettlementPage)
 #include "tst_EditSettlementPage.moc"

@@ -3,6 +3,7 @@
 #include "support/DialogRobot.h"
 #include "support/TableReaders.h"
 #include "support/TestConnection.h"
+#include "support/TestProgram.h"
 
 using namespace Qt::StringLiterals;
 
@@ -64,13 +65,13 @@ private Q_SLOTS:
         Workspace workspace;
         DialogRobot robot;
         const QString path = workspace.makeTrips();
-        expense(week, u"Permit"_s, 10.0).insert(workspace);
+        expense(editedWeek, u"Permit"_s, 10.0).insert(workspace);
         const SettlementWindow view(path);
         view.clicksItem(0);
         expectQuestion(robot).press(u"Yes"_s);
         view.clicks(u"Delete Selected"_s);
         QVERIFY(view.saysEmpty());
-        QCOMPARE(view.payweeks()->currentText(), week);
+        QCOMPARE(view.payweeks()->currentText(), editedWeek);
         view.clicks(u"Refresh"_s);
         QCOMPARE(view.payweeks()->count(), 0);
         QCOMPARE(view.summary(), u"Summary: no payweek selected."_s);
@@ -243,5 +244,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_EditSettlementPageDeleting)
+TEST_CLASS(tst_EditSettlementPageDeleting)
 #include "tst_EditSettlementPageDeleting.moc"

@@ -2,6 +2,7 @@
 #include "support/DialogRobot.h"
 #include "support/FailingStatement.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 
 using namespace Qt::StringLiterals;
 
@@ -27,15 +28,15 @@ private Q_SLOTS:
         const QString path = makeWeekOfThree(workspace);
         trip().payweek(nextWeek).insert(workspace);
         SettlementWindow view(path);
-        view.chooses(week);
+        view.chooses(editedWeek);
         view.statuses.clear();
         workspace.execute(u"DROP TABLE trips"_s);
         robot.expectContaining(DialogRobot::Critical, u"Settlement Payweek Error"_s,
                                u"no such table: trips"_s);
         view.clicks(u"Refresh"_s);
         QCOMPARE(robot.seen().size(), 1);
-        QCOMPARE(offeredBy(view.payweeks()), QStringList({nextWeek, week}));
-        QCOMPARE(view.payweeks()->currentText(), week);
+        QCOMPARE(offeredBy(view.payweeks()), QStringList({nextWeek, editedWeek}));
+        QCOMPARE(view.payweeks()->currentText(), editedWeek);
         QCOMPARE(view.statuses, QStringList({newMode, loadedRows(3)}));
     }
 
@@ -66,7 +67,7 @@ private Q_SLOTS:
         Workspace workspace;
         DialogRobot robot;
         const QString path = workspace.makeTrips();
-        trip().payweek(week).insert(workspace);
+        trip().payweek(editedWeek).insert(workspace);
         const SettlementWindow view(path);
         QVERIFY(view.saysEmpty());
         workspace.execute(
@@ -103,7 +104,7 @@ private Q_SLOTS:
         SettlementWindow view(path);
         view.typesName(u"Scale"_s);
         statement.comesAfter(0);
-        view.chooses(week);
+        view.chooses(editedWeek);
         QCOMPARE(view.statuses, QStringList({namesNotLoaded, newMode, loadedRows(3)}));
         QCOMPARE(view.name()->count(), 0);
         QCOMPARE(robot.seen().size(), 0);
@@ -120,7 +121,7 @@ private Q_SLOTS:
         workspace.execute(u"DROP TABLE settlement_non_trip_items"_s);
         robot.expectContaining(DialogRobot::Critical, u"Settlement Query Error"_s,
                                u"settlement_non_trip_items"_s);
-        view.chooses(week);
+        view.chooses(editedWeek);
         QCOMPARE(view.name()->count(), 0);
         QCOMPARE(view.name()->currentText(), u"Scale"_s);
     }
@@ -142,7 +143,7 @@ private Q_SLOTS:
                           "ELSE settlement_date END AS settlement_date FROM stored"_s);
         const QString reason = u"integer overflow Unable to fetch row"_s;
         robot.expect(DialogRobot::Critical, u"Settlement Query Error"_s, reason);
-        view.chooses(week);
+        view.chooses(editedWeek);
         QCOMPARE(view.statuses,
                  QStringList({u"Could not load settlement item names: "_s + reason}));
         QCOMPARE(offeredBy(view.name()), QStringList());
@@ -154,7 +155,7 @@ private Q_SLOTS:
         Workspace workspace;
         const DialogRobot robot;
         const QString path = makeWeekOfThree(workspace);
-        apr(week, 4.25).insert(workspace);
+        apr(editedWeek, 4.25).insert(workspace);
         SettlementWindow view(path);
         QCOMPARE(view.rate()->value(), 4.25);
         workspace.execute(u"DROP TABLE settlement_meta"_s);
@@ -174,7 +175,7 @@ private Q_SLOTS:
         FailingStatement statement;
         SettlementWindow view(path);
         statement.comesAfter(0);
-        view.chooses(week);
+        view.chooses(editedWeek);
         QCOMPARE(view.statuses,
                  QStringList({namesNotLoaded, rateNotLoaded, newMode, loadedRows(2)}));
     }
@@ -194,5 +195,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_EditSettlementPageFailures)
+TEST_CLASS(tst_EditSettlementPageFailures)
 #include "tst_EditSettlementPageFailures.moc"

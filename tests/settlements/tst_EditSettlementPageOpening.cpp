@@ -3,6 +3,7 @@
 #include "support/DialogRobot.h"
 #include "support/ReadingOrder.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 
 #include <QBoxLayout>
 #include <QScrollArea>
@@ -329,7 +330,7 @@ private Q_SLOTS:
         view.page->openDatabase(u"no such folder/trips.db"_s);
         QCOMPARE(column(view.table(), u"Name"_s), QStringList({u"Permit"_s, u"Bonus"_s}));
         QCOMPARE(view.editor(), permit);
-        QCOMPARE(view.payweeks()->currentText(), week);
+        QCOMPARE(view.payweeks()->currentText(), editedWeek);
         QCOMPARE(view.statuses, QStringList());
         view.clicks(u"Refresh"_s);
         QCOMPARE(view.summary(), u"Summary: open trips.db first."_s);
@@ -406,7 +407,7 @@ private Q_SLOTS:
         apr(u"04/25/2026"_s, 5.5).insert(workspace);
         SettlementWindow view(path);
         DatabaseLocator::closeAllSqliteConnections();
-        view.chooses(week);
+        view.chooses(editedWeek);
         QCOMPARE(view.statuses, QStringList({newMode}));
         QCOMPARE(view.summary(), u"Summary: open trips.db first."_s);
         QCOMPARE(offeredBy(view.name()), QStringList());
@@ -471,5 +472,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_EditSettlementPageOpening)
+TEST_CLASS(tst_EditSettlementPageOpening)
 #include "tst_EditSettlementPageOpening.moc"

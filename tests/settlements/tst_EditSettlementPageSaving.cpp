@@ -3,6 +3,7 @@
 #include "support/DialogRobot.h"
 #include "support/TableReaders.h"
 #include "support/TestConnection.h"
+#include "support/TestProgram.h"
 
 using namespace Qt::StringLiterals;
 
@@ -49,10 +50,10 @@ private Q_SLOTS:
         view.typesAmount(u"12.5"_s);
         view.statuses.clear();
         view.clicks(u"Save Item"_s);
-        QCOMPARE(
-            storedItems(workspace),
-            QList<QStringList>(
-                {storedPermit, storedBonus, {week, u"expense"_s, u"Scale ticket"_s, u"12.5"_s}}));
+        QCOMPARE(storedItems(workspace),
+                 QList<QStringList>({storedPermit,
+                                     storedBonus,
+                                     {editedWeek, u"expense"_s, u"Scale ticket"_s, u"12.5"_s}}));
         QCOMPARE(column(view.table(), u"Name"_s),
                  QStringList({u"Permit"_s, u"Scale ticket"_s, u"Bonus"_s}));
         QCOMPARE(view.editor(), newItem);
@@ -86,7 +87,7 @@ private Q_SLOTS:
     {
         Workspace workspace;
         const QString path = workspace.makeTrips();
-        trip().payweek(week).insert(workspace);
+        trip().payweek(editedWeek).insert(workspace);
         const SettlementWindow view(path);
         QVERIFY(view.saysEmpty());
         view.typesName(u"Bonus"_s);
@@ -108,8 +109,9 @@ private Q_SLOTS:
         view.typesAmount(u"-7"_s);
         view.statuses.clear();
         view.clicks(u"Save Item"_s);
-        QCOMPARE(storedItems(workspace),
-                 QList<QStringList>({{week, u"revenue"_s, u"Refund"_s, u"-7"_s}, storedBonus}));
+        QCOMPARE(
+            storedItems(workspace),
+            QList<QStringList>({{editedWeek, u"revenue"_s, u"Refund"_s, u"-7"_s}, storedBonus}));
         QCOMPARE(view.editor(), QStringList({u"1"_s, u"revenue"_s, u"Refund"_s, u"-7.00"_s}));
         QCOMPARE(view.selection(), QList<int>({0, 0}));
         QCOMPARE(view.statuses, QStringList({u"Updated settlement item: Refund"_s,
@@ -146,7 +148,7 @@ private Q_SLOTS:
         view.clicks(u"Save Item"_s);
         QCOMPARE(storedItems(workspace),
                  QList<QStringList>(
-                     {storedPermit, storedBonus, {week, u"revenue"_s, u"Scale"_s, u"3"_s}}));
+                     {storedPermit, storedBonus, {editedWeek, u"revenue"_s, u"Scale"_s, u"3"_s}}));
     }
 
     void amountIsStoredAsItReads_data()
@@ -170,7 +172,7 @@ private Q_SLOTS:
         Workspace workspace;
         const DialogRobot robot;
         const QString path = workspace.makeTrips();
-        trip().payweek(week).insert(workspace);
+        trip().payweek(editedWeek).insert(workspace);
         const SettlementWindow view(path);
         view.typesName(u"Bonus"_s);
         view.typesAmount(typed);
@@ -212,7 +214,8 @@ private Q_SLOTS:
         view.pastesName(name);
         view.statuses.clear();
         view.clicks(u"Save Item"_s);
-        QCOMPARE(storedItems(workspace).last(), QStringList({week, u"revenue"_s, name, u"0"_s}));
+        QCOMPARE(storedItems(workspace).last(),
+                 QStringList({editedWeek, u"revenue"_s, name, u"0"_s}));
         QCOMPARE(column(view.table(), u"Name"_s).last(), name);
         QCOMPARE(view.statuses.first(), u"Added settlement item: "_s + name);
         view.clicksItem(2);
@@ -392,7 +395,7 @@ private Q_SLOTS:
         QCOMPARE(view.statuses, QStringList());
         view.clicks(u"Save Item"_s);
         QCOMPARE(storedItems(workspace).last(),
-                 QStringList({week, u"revenue"_s, u"Scale"_s, u"0"_s}));
+                 QStringList({editedWeek, u"revenue"_s, u"Scale"_s, u"0"_s}));
     }
 
     void fileClosedMeanwhileKeepsTheEditor()
@@ -427,9 +430,9 @@ private Q_SLOTS:
         QCOMPARE(view.statuses, QStringList({u"Saved APR 5.50% for 04/18/2026"_s}));
         view.chooses(u"04/11/2026"_s);
         QCOMPARE(view.rate()->value(), 0.0);
-        view.chooses(week);
+        view.chooses(editedWeek);
         QCOMPARE(view.rate()->value(), 5.5);
-        QCOMPARE(storedRates(workspace), QList<QStringList>({{week, u"5.5"_s}}));
+        QCOMPARE(storedRates(workspace), QList<QStringList>({{editedWeek, u"5.5"_s}}));
         QCOMPARE(robot.seen().size(), 0);
     }
 
@@ -441,7 +444,7 @@ private Q_SLOTS:
         view.clicks(u"Save APR"_s);
         view.typesRate(u"0"_s);
         view.clicks(u"Save APR"_s);
-        QCOMPARE(storedRates(workspace), QList<QStringList>({{week, u"0"_s}}));
+        QCOMPARE(storedRates(workspace), QList<QStringList>({{editedWeek, u"0"_s}}));
         QCOMPARE(view.statuses, QStringList({u"Saved APR 5.50% for 04/18/2026"_s,
                                              u"Saved APR 0.00% for 04/18/2026"_s}));
     }
@@ -488,5 +491,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_EditSettlementPageSaving)
+TEST_CLASS(tst_EditSettlementPageSaving)
 #include "tst_EditSettlementPageSaving.moc"

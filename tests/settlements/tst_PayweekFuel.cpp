@@ -1,5 +1,6 @@
 #include "settlements/PayweekFile.h"
 #include "settlements/PayweekRepository.h"
+#include "support/TestProgram.h"
 
 using namespace Qt::StringLiterals;
 using namespace PayweekRepository;
@@ -135,5 +136,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_PayweekFuel)
+TEST_CLASS(tst_PayweekFuel)
 #include "tst_PayweekFuel.moc"

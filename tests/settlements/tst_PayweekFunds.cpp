@@ -1,5 +1,6 @@
 #include "settlements/PayweekFile.h"
 #include "settlements/PayweekRepository.h"
+#include "support/TestProgram.h"
 
 using namespace Qt::StringLiterals;
 using namespace PayweekRepository;
@@ -143,5 +144,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_PayweekFunds)
+TEST_CLASS(tst_PayweekFunds)
 #include "tst_PayweekFunds.moc"

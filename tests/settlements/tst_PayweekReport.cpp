@@ -1,4 +1,5 @@
 #include "settlements/PayweekReport.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -28,26 +29,7 @@ PayweekFigures differentFigures()
                           470.52, -79.48, 704.04}};
 }
 
-QString lineOf(const PayweekFigures &figures, const QString &label)
-{
-    QStringList found;
-    for (const QString &line : payweekReport(figures).split(u'\n')) {
-        if (line.startsWith(u"  "_s + label + u": "_s))
-            found.append(line);
-    }
-    return found.join(u'\n');
-}
-
-} // namespace
-
-class tst_PayweekReport : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void wholeReport()
-    {
-        QCOMPARE(payweekReport(differentFigures()), QStringLiteral(R"(Payweek: 01/16/2026
+const QString reportOfDifferentFigures = QStringLiteral(R"(Payweek: 01/16/2026
 
 Trips
   Trip count: 1200
@@ -118,8 +100,26 @@ Carryover / Interest Summary
   Current-year fund balance used for interest: $704.04
   Note: APR interest excludes prior-year legacy fund balances and obsolete Tire Fund values.
 
-Repository status: basic payweek aggregation, current-year fund logic, fuel analytics, carryover, and interest now live in PayweekRepository.)"));
+Repository status: basic payweek aggregation, current-year fund logic, fuel analytics, carryover, and interest now live in PayweekRepository.)");
+
+QString lineOf(const PayweekFigures &figures, const QString &label)
+{
+    QStringList found;
+    for (const QString &line : payweekReport(figures).split(u'\n')) {
+        if (line.startsWith(u"  "_s + label + u": "_s))
+            found.append(line);
     }
+    return found.join(u'\n');
+}
+
+} // namespace
+
+class tst_PayweekReport : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void wholeReport() { QCOMPARE(payweekReport(differentFigures()), reportOfDifferentFigures); }
 
     void moneyCarriesItsSignAheadOfTheDollar_data()
     {
@@ -184,5 +184,5 @@ Repository status: basic payweek aggregation, current-year fund logic, fuel anal
     }
 };
 
-QTEST_MAIN(tst_PayweekReport)
+TEST_CLASS(tst_PayweekReport)
 #include "tst_PayweekReport.moc"

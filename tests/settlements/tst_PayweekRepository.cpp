@@ -1,5 +1,6 @@
 #include "settlements/PayweekFile.h"
 #include "settlements/PayweekRepository.h"
+#include "support/TestProgram.h"
 
 using namespace Qt::StringLiterals;
 using namespace PayweekRepository;
@@ -344,5 +345,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_PayweekRepository)
+TEST_CLASS(tst_PayweekRepository)
 #include "tst_PayweekRepository.moc"

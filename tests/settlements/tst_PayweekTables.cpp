@@ -1,9 +1,10 @@
-#include "app/DataCell.h"
-#include "app/DataTable.h"
 #include "settlements/PayweekTables.h"
 #include "support/Person.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
+#include "ui/DataCell.h"
+#include "ui/DataTable.h"
 
 #include <QHeaderView>
 #include <QTest>
@@ -264,5 +265,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_PayweekTables)
+TEST_CLASS(tst_PayweekTables)
 #include "tst_PayweekTables.moc"

@@ -1,6 +1,7 @@
 #include "settlements/BoxReaders.h"
 #include "settlements/SettlementItemForm.h"
 #include "support/Person.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 
 #include <QComboBox>
@@ -270,5 +271,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_SettlementItemForm)
+TEST_CLASS(tst_SettlementItemForm)
 #include "tst_SettlementItemForm.moc"

@@ -2,6 +2,7 @@
 #include "settlements/PayweekWindow.h"
 #include "support/DialogRobot.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -429,5 +430,5 @@ Repository status: basic payweek aggregation, current-year fund logic, fuel anal
     }
 };
 
-QTEST_MAIN(tst_ViewPayweekPage)
+TEST_CLASS(tst_ViewPayweekPage)
 #include "tst_ViewPayweekPage.moc"

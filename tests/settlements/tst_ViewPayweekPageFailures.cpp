@@ -2,6 +2,7 @@
 #include "settlements/PayweekWindow.h"
 #include "support/DialogRobot.h"
 #include "support/FailingStatement.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -206,5 +207,5 @@ private:
     }
 };
 
-QTEST_MAIN(tst_ViewPayweekPageFailures)
+TEST_CLASS(tst_ViewPayweekPageFailures)
 #include "tst_ViewPayweekPageFailures.moc"

@@ -4,6 +4,7 @@
 #include "support/DialogRobot.h"
 #include "support/ReadingOrder.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 
 #include <QDir>
 #include <QScrollArea>
@@ -357,5 +358,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_ViewPayweekPageOpening)
+TEST_CLASS(tst_ViewPayweekPageOpening)
 #include "tst_ViewPayweekPageOpening.moc"

@@ -3,6 +3,9 @@
 #include "support/RowMakers.h"
 #include "support/Workspace.h"
 
+/// What a call that goes well has to clear away.
+inline const QString staleError = QStringLiteral("an older error");
+
 /// Makes the stops those of a file from before appointment windows: trip 1 is picked up at 08:00
 /// and delivered at 18:00.
 inline void makeStopsFromBeforeWindows(const Workspace &workspace)
@@ -42,4 +45,14 @@ inline qint64 insertWorkedTrip(const Workspace &workspace, const QString &tripNo
         .order(1)
         .insert(workspace);
     return id;
+}
+
+/// Trip 1 in the week of April 11, trips 2 and 3 in the week after.
+inline QString makeTwoWeeks(Workspace &workspace)
+{
+    QString path = workspace.makeTrips();
+    trip().no(QStringLiteral("1")).payweek(QStringLiteral("04/11/2026")).insert(workspace);
+    trip().no(QStringLiteral("2")).payweek(QStringLiteral("04/18/2026")).insert(workspace);
+    trip().no(QStringLiteral("3")).payweek(QStringLiteral("04/18/2026")).insert(workspace);
+    return path;
 }

@@ -1,4 +1,5 @@
 #include "support/Person.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 #include "trips/DetailsPane.h"
 
@@ -129,5 +130,5 @@ private:
     }
 };
 
-QTEST_MAIN(tst_DetailsPane)
+TEST_CLASS(tst_DetailsPane)
 #include "tst_DetailsPane.moc"

@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "trips/TripArithmetic.h"
 
 #include <QTest>
@@ -304,5 +305,5 @@ private:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_TripArithmetic)
+TEST_CLASS_WITHOUT_WINDOWS(tst_TripArithmetic)
 #include "tst_TripArithmetic.moc"

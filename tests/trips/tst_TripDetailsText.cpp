@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "trips/TripDetailsText.h"
 
 #include <QTest>
@@ -96,5 +97,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_TripDetailsText)
+TEST_CLASS_WITHOUT_WINDOWS(tst_TripDetailsText)
 #include "tst_TripDetailsText.moc"

@@ -1,4 +1,5 @@
 #include "support/Person.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 #include "trips/TripForm.h"
 
@@ -165,5 +166,5 @@ private:
     }
 };
 
-QTEST_MAIN(tst_TripForm)
+TEST_CLASS(tst_TripForm)
 #include "tst_TripForm.moc"

@@ -1,5 +1,6 @@
 #include "support/Person.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 #include "trips/TripList.h"
 #include "trips/TripsTableItem.h"
@@ -318,5 +319,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_TripList)
+TEST_CLASS(tst_TripList)
 #include "tst_TripList.moc"

@@ -1,5 +1,6 @@
 #include "support/RowMakers.h"
 #include "support/TestConnection.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 #include "trips/TripRows.h"
 
@@ -305,5 +306,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_TripRows)
+TEST_CLASS(tst_TripRows)
 #include "tst_TripRows.moc"

@@ -1,6 +1,7 @@
 #include "data/SqlStatement.h"
 #include "support/DialogRobot.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 #include "trips/TripsPage.h"
 #include "trips/TripsRows.h"
 #include "trips/TripsWindow.h"
@@ -345,5 +346,5 @@ private:
     }
 };
 
-QTEST_MAIN(tst_TripsPageDeleting)
+TEST_CLASS(tst_TripsPageDeleting)
 #include "tst_TripsPageDeleting.moc"

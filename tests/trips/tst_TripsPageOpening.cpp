@@ -1,5 +1,6 @@
 #include "support/DialogRobot.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 #include "trips/TripsPage.h"
 #include "trips/TripsRows.h"
 #include "trips/TripsWindow.h"
@@ -391,5 +392,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_TripsPageOpening)
+TEST_CLASS(tst_TripsPageOpening)
 #include "tst_TripsPageOpening.moc"

@@ -1,6 +1,7 @@
 #include "support/DialogRobot.h"
 #include "support/TableReaders.h"
 #include "support/TestConnection.h"
+#include "support/TestProgram.h"
 #include "trips/TripsPage.h"
 #include "trips/TripsRows.h"
 #include "trips/TripsWindow.h"
@@ -382,5 +383,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_TripsPageSaving)
+TEST_CLASS(tst_TripsPageSaving)
 #include "tst_TripsPageSaving.moc"

@@ -1,5 +1,6 @@
 #include "support/RowMakers.h"
 #include "support/TestConnection.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
 #include "trips/TripsRepository.h"
 
@@ -221,5 +222,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_TripsRepositoryWriting)
+TEST_CLASS_WITHOUT_WINDOWS(tst_TripsRepositoryWriting)
 #include "tst_TripsRepositoryWriting.moc"

@@ -1,3 +1,4 @@
+#include "support/TestProgram.h"
 #include "trips/TripsTableItem.h"
 
 #include <QTableWidget>
@@ -127,5 +128,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_TripsTableItem)
+TEST_CLASS(tst_TripsTableItem)
 #include "tst_TripsTableItem.moc"

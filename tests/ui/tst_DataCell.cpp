@@ -1,6 +1,7 @@
-#include "app/DataCell.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
+#include "ui/DataCell.h"
 
 #include <QTableWidget>
 #include <QTest>
@@ -197,5 +198,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_DataCell)
+TEST_CLASS(tst_DataCell)
 #include "tst_DataCell.moc"

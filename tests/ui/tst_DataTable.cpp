@@ -1,7 +1,8 @@
-#include "app/DataTable.h"
 #include "support/Person.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
+#include "ui/DataTable.h"
 
 #include <QHeaderView>
 #include <QLineEdit>
@@ -210,5 +211,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_DataTable)
+TEST_CLASS(tst_DataTable)
 #include "tst_DataTable.moc"

@@ -1,6 +1,7 @@
-#include "app/PageParts.h"
 #include "support/DialogRobot.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
+#include "ui/PageParts.h"
 
 #include <QFileDialog>
 #include <QLabel>
@@ -142,6 +143,6 @@ void tst_PageParts::contentLargerThanThePageScrolls()
     QCOMPARE(page.height(), 300);
 }
 
-QTEST_MAIN(tst_PageParts)
+TEST_CLASS(tst_PageParts)
 
 #include "tst_PageParts.moc"

@@ -1,7 +1,8 @@
-#include "app/UiScale.h"
 #include "support/Person.h"
 #include "support/TableReaders.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
+#include "ui/UiScale.h"
 
 #include <QHeaderView>
 #include <QTableWidget>
@@ -217,5 +218,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_SortableHeaders)
+TEST_CLASS(tst_SortableHeaders)
 #include "tst_SortableHeaders.moc"

@@ -1,5 +1,6 @@
-#include "app/UiScale.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
+#include "ui/UiScale.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -402,5 +403,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_UiScale)
+TEST_CLASS(tst_UiScale)
 #include "tst_UiScale.moc"

@@ -1,6 +1,7 @@
-#include "app/WheelGuard.h"
 #include "support/Person.h"
+#include "support/TestProgram.h"
 #include "support/Workspace.h"
+#include "ui/WheelGuard.h"
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
@@ -128,5 +129,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_WheelGuard)
+TEST_CLASS(tst_WheelGuard)
 #include "tst_WheelGuard.moc"

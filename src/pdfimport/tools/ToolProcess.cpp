@@ -1,0 +1,57 @@
+#include "pdfimport/tools/ToolProcess.h"
+
+#include <QProcess>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int startLimitMs = 5000;
+constexpr int killLimitMs = 3000;
+
+template <typename Value>
+void give(Value *target, const Value &value)
+{
+    if (target)
+        *target = value;
+}
+
+// Tesseract shares a page out among as many threads as there are cores, and on few cores loses
+// more time in waiting for them than they gain: five seconds a page instead of one.
+QProcessEnvironment withOneThread()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"OMP_THREAD_LIMIT"_s, u"1"_s);
+    return environment;
+}
+
+} // namespace
+
+bool runProcess(const QString &program, const QStringList &arguments,
+                const QString &workingDirectory, int timeoutMs, QString *standardOutput,
+                QString *standardError, int *exitCode)
+{
+    const auto fail = [&](QLatin1StringView reason) {
+        give(standardOutput, QString());
+        give(standardError, reason + program);
+        give(exitCode, -1);
+        return false;
+    };
+
+    QProcess process;
+    process.setProcessEnvironment(withOneThread());
+    if (!workingDirectory.trimmed().isEmpty())
+        process.setWorkingDirectory(workingDirectory);
+    process.start(program, arguments);
+    if (!process.waitForStarted(startLimitMs))
+        return fail("Could not start process: "_L1);
+    if (!process.waitForFinished(timeoutMs)) {
+        process.kill();
+        process.waitForFinished(killLimitMs);
+        return fail("Process timed out: "_L1);
+    }
+    give(standardOutput, QString::fromLocal8Bit(process.readAllStandardOutput()));
+    give(standardError, QString::fromLocal8Bit(process.readAllStandardError()).trimmed());
+    give(exitCode, process.exitCode());
+    return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+}

@@ -1,0 +1,45 @@
+#include "trips/grids/OfferedTexts.h"
+
+#include "ui/WheelGuard.h"
+
+#include <QComboBox>
+#include <QCompleter>
+#include <QStringListModel>
+
+void OfferedTexts::setList(const QStringList &newTexts)
+{
+    if (texts == newTexts)
+        return;
+    texts = newTexts;
+    model = std::make_shared<QStringListModel>(texts);
+}
+
+QComboBox *OfferedTexts::makeBox(const QString &text, int leastLength) const
+{
+    auto *box = new QComboBox;
+    box->setEditable(true);
+    box->setInsertPolicy(QComboBox::NoInsert);
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box->setMinimumContentsLength(leastLength);
+    // Completion in the line itself would turn a new, shorter name into an old, longer one.
+    box->completer()->setCompletionMode(QCompleter::PopupCompletion);
+    if (model) {
+        box->setModel(model.get());
+        // Holds the model for as long as the box stands.
+        QObject::connect(box, &QObject::destroyed, box, [keep = model] {});
+    }
+    guardFromWheel(box);
+    showInBox(box, text);
+    return box;
+}
+
+void showInBox(QComboBox *box, const QString &text)
+{
+    const QString wanted = text.trimmed();
+    int index = wanted.isEmpty() ? -1 : box->findText(wanted);
+    if (index < 0 && !wanted.isEmpty()) // in another spelling, but not if its own is there too
+        index = box->findText(wanted, Qt::MatchFixedString);
+    box->setCurrentIndex(index);
+    if (box->currentIndex() < 0)
+        box->setEditText(wanted);
+}
