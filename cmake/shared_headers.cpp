@@ -1,1 +1,0 @@
-// A library needs a source; this one is here for its precompiled headers alone.
