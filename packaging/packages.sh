@@ -2,4 +2,4 @@
 build_packages=(g++ cmake ninja-build qt6-base-dev libqt6sql6-sqlite libgl1-mesa-dev)
 run_packages=(poppler-utils tesseract-ocr tesseract-ocr-eng fonts-dejavu-core sqlite3)
 window_packages=(xvfb xauth)
-inspect_packages=(clang-format clang-tidy)
+inspect_packages=(clang-format)

@@ -9,7 +9,7 @@
 #include "pdfimport/ImportSignatures.h"
 #include "pdfimport/SettlementParser.h"
 
-#include <optional>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -110,7 +110,7 @@ public:
 
 private:
     QString name;
-    std::optional<OneCallConnection> trips;
+    std::unique_ptr<OneCallConnection> trips;
 };
 
 QString CheckedImport::openAndCheck(const QString &blocked)
@@ -123,7 +123,7 @@ QString CheckedImport::openAndCheck(const QString &blocked)
     if (path.isEmpty())
         return blocked + "trips.db was not found near the application."_L1;
     QString error;
-    trips.emplace(name, path, error);
+    trips = std::make_unique<OneCallConnection>(name, path, error);
     if (!trips->isOpen())
         return blocked + "could not open trips.db: "_L1 + error;
     if (!ensureImportTables(database(), error))

@@ -23,7 +23,7 @@ const QDateTime &end(const TripStopTiming &stop)
 }
 
 template <typename Iterator>
-Iterator firstTimedStop(Iterator from, Iterator to, QLatin1StringView type)
+Iterator firstTimedStop(const Iterator &from, const Iterator &to, QLatin1StringView type)
 {
     return std::find_if(from, to, [type](const TripStopTiming &stop) {
         return stop.stopType.trimmed().compare(type, Qt::CaseInsensitive) == 0
