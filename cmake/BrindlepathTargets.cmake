@@ -23,8 +23,9 @@ endif()
 set(core_qt Qt6::Core Qt6::Sql)
 set(widgets_qt ${core_qt} Qt6::Widgets)
 
-# Reading Qt's headers is half of the work of compiling a file here, so those that most files need
-# are read once for each kind of code, by the lowest library of its kind. More headers are slower.
+# Reading Qt's headers is half of the work of compiling a file here, so the large ones that several
+# files need are read once for each kind of code, by the lowest library of its kind. All of Qt's
+# take longer to load than they save.
 set(core_headers
     <QDateTime>
     <QDir>
@@ -61,14 +62,16 @@ set(test_headers ${widgets_headers} <QTemporaryDir> <QTest> <memory>)
 # class moc would read all of Qt's, a minute for all of the tests.
 function(brindlepath_automoc target)
   set_target_properties(${target} PROPERTIES AUTOMOC ON)
-  if(CMAKE_HOST_UNIX)
+  if(EXISTS "${moc_alone}")
     set_target_properties(${target} PROPERTIES AUTOMOC_EXECUTABLE "${moc_alone}")
   endif()
 endfunction()
 get_target_property(moc Qt6::moc IMPORTED_LOCATION)
-set(moc_alone "${PROJECT_BINARY_DIR}/moc-alone")
-configure_file("${CMAKE_CURRENT_LIST_DIR}/moc-alone.in" "${moc_alone}" @ONLY
-               FILE_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+if(CMAKE_HOST_UNIX AND moc)
+  set(moc_alone "${PROJECT_BINARY_DIR}/moc-alone")
+  configure_file("${CMAKE_CURRENT_LIST_DIR}/moc-alone.in" "${moc_alone}" @ONLY
+                 USE_SOURCE_PERMISSIONS)
+endif()
 
 # brindlepath_shared_headers(target owner headers...)
 function(brindlepath_shared_headers target owner)
@@ -81,8 +84,8 @@ endfunction()
 
 # brindlepath_library(name SOURCES ... KNOWS ... [WIDGETS])
 #
-# A static library of a folder: its core, which has neither widgets nor signals, or its widgets.
-# KNOWS lists the libraries whose headers it may include.
+# A static library of a folder: its core (folder_core), which has neither widgets nor signals, or its
+# widgets. KNOWS lists the libraries whose headers it may include.
 function(brindlepath_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "WIDGETS" "" "SOURCES;KNOWS")
   add_library(${name} STATIC ${arg_SOURCES})
@@ -93,6 +96,8 @@ function(brindlepath_library name)
     brindlepath_automoc(${name})
   else()
     brindlepath_shared_headers(${name} data ${core_headers})
+  endif()
+  if(name MATCHES "^data$|_core$")
     set_property(GLOBAL APPEND PROPERTY brindlepath_cores ${name})
   endif()
 endfunction()

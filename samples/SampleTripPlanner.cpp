@@ -3,6 +3,7 @@
 #include "data/MoneyText.h"
 #include "samples/SampleLocations.h"
 
+#include <algorithm>
 #include <array>
 #include <numeric>
 

@@ -3,8 +3,8 @@
 #include "data/DatabaseLocator.h"
 #include "data/MoneyText.h"
 #include "data/SqlStatement.h"
+#include "settlements/CarryoverRules.h"
 #include "settlements/PayweekReaders.h"
-#include "settlements/carryover/CarryoverRules.h"
 
 using namespace Qt::StringLiterals;
 
@@ -197,29 +197,34 @@ double loadPayweekApr(const QSqlDatabase &database, const PayweekKey &payweek)
     return database.isOpen() ? PayweekAprReader(database).load(payweek) : 0.0;
 }
 
-std::optional<Reading> loadPayweek(const QSqlDatabase &database, const PayweekKey &key,
-                                   Payweek &payweek, QString &error)
+bool loadPayweek(const QSqlDatabase &database, const PayweekKey &key, Payweek &payweek,
+                 Reading &reading, QString &error)
 {
     payweek = {};
     PayweekFigures &figures = payweek.figures;
     figures.payweek = key;
+    reading = Reading::Trips;
     if (!loadPayweekTrips(database, key, payweek.trips, figures.trips, error))
-        return Reading::Trips;
+        return false;
+    reading = Reading::Items;
     if (!loadPayweekSettlementItems(database, key, payweek.items, figures.items, error))
-        return Reading::Items;
+        return false;
+    reading = Reading::EmergencyFund;
     if (!loadEmergencyFundSummary(database, key, figures.emergencyFund, error))
-        return Reading::EmergencyFund;
+        return false;
+    reading = Reading::TireFund;
     if (!loadTireFundSummary(database, key, figures.tireFund, error))
-        return Reading::TireFund;
+        return false;
+    reading = Reading::PerformanceBond;
     if (!loadPerformanceBondSummary(database, key, figures.performanceBond, error))
-        return Reading::PerformanceBond;
+        return false;
+    reading = Reading::Fuel;
     if (!loadPayweekFuelAnalytics(database, key, figures.fuel, error))
-        return Reading::Fuel;
+        return false;
     figures.basic = CarryoverRules::basicSummary(figures.trips, figures.items);
-    if (!loadPayweekCarryover(database, key, figures.basic, figures.emergencyFund,
-                              figures.performanceBond, figures.carryover, error))
-        return Reading::Carryover;
-    return std::nullopt;
+    reading = Reading::Carryover;
+    return loadPayweekCarryover(database, key, figures.basic, figures.emergencyFund,
+                                figures.performanceBond, figures.carryover, error);
 }
 
 } // namespace PayweekRepository

@@ -6,8 +6,6 @@
 #include <QSqlDatabase>
 #include <QStringList>
 
-#include <optional>
-
 /// Reads all that View Payweek shows, on an open connection to trips.db. It never writes. Results
 /// and `error` are cleared first; on failure a function returns false with the driver's text, or
 /// with "Trips database is not open." or "Payweek is blank.", and what was summed until then stays.
@@ -70,8 +68,9 @@ struct Payweek
 /// What a payweek is read from, in the order of reading.
 enum class Reading { Trips, Items, EmergencyFund, TireFund, PerformanceBond, Fuel, Carryover };
 
-/// Reads a payweek with all of the above. Gives the reading that failed, which was the last.
-std::optional<Reading> loadPayweek(const QSqlDatabase &database, const PayweekKey &key,
-                                   Payweek &payweek, QString &error);
+/// Reads a payweek with all of the above. `reading` is the last of them: on failure the one that
+/// failed.
+bool loadPayweek(const QSqlDatabase &database, const PayweekKey &key, Payweek &payweek,
+                 Reading &reading, QString &error);
 
 } // namespace PayweekRepository

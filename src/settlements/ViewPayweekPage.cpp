@@ -3,6 +3,7 @@
 #include "data/DatabaseLocator.h"
 #include "data/DomainRules.h"
 #include "settlements/PayweekReport.h"
+#include "settlements/PayweekRepository.h"
 #include "settlements/PayweekTables.h"
 #include "ui/DataTable.h"
 #include "ui/PageParts.h"
@@ -16,11 +17,35 @@
 #include <QTableWidget>
 #include <QTextEdit>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 const QString connectionName = u"view_payweek_trips_connection"_s;
+
+QString failureTitle(PayweekRepository::Reading failed)
+{
+    using PayweekRepository::Reading;
+    switch (failed) {
+    case Reading::Trips:
+        return ViewPayweekPage::tr("Trip Query Error");
+    case Reading::Items:
+        return ViewPayweekPage::tr("Settlement Query Error");
+    case Reading::EmergencyFund:
+        return ViewPayweekPage::tr("E-Fund Query Error");
+    case Reading::TireFund:
+        return ViewPayweekPage::tr("Tire Fund Query Error");
+    case Reading::PerformanceBond:
+        return ViewPayweekPage::tr("Performance Bond Query Error");
+    case Reading::Fuel:
+        return ViewPayweekPage::tr("Fuel Analytics Query Error");
+    case Reading::Carryover:
+        break;
+    }
+    return ViewPayweekPage::tr("Carryover / Interest Query Error");
+}
 
 } // namespace
 
@@ -201,9 +226,10 @@ void ViewPayweekPage::loadSummary()
         return;
     }
     PayweekRepository::Payweek read;
+    PayweekRepository::Reading reading = {};
     QString error;
-    if (const auto failed = PayweekRepository::loadPayweek(database, payweek, read, error)) {
-        QMessageBox::critical(this, failureTitle(*failed), error);
+    if (!PayweekRepository::loadPayweek(database, payweek, read, reading, error)) {
+        QMessageBox::critical(this, failureTitle(reading), error);
         return;
     }
     PayweekTables::showTrips(tripTable, read.trips);
@@ -217,28 +243,6 @@ void ViewPayweekPage::clearSummary()
     PayweekTables::clear(tripTable);
     PayweekTables::clear(itemTable);
     summary->clear();
-}
-
-QString ViewPayweekPage::failureTitle(PayweekRepository::Reading failed)
-{
-    using PayweekRepository::Reading;
-    switch (failed) {
-    case Reading::Trips:
-        return tr("Trip Query Error");
-    case Reading::Items:
-        return tr("Settlement Query Error");
-    case Reading::EmergencyFund:
-        return tr("E-Fund Query Error");
-    case Reading::TireFund:
-        return tr("Tire Fund Query Error");
-    case Reading::PerformanceBond:
-        return tr("Performance Bond Query Error");
-    case Reading::Fuel:
-        return tr("Fuel Analytics Query Error");
-    case Reading::Carryover:
-        break;
-    }
-    return tr("Carryover / Interest Query Error");
 }
 
 void ViewPayweekPage::openTrip(int row, int column)

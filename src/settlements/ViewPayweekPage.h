@@ -1,7 +1,5 @@
 #pragma once
 
-#include "settlements/PayweekRepository.h"
-
 #include <QSqlDatabase>
 #include <QWidget>
 
@@ -57,7 +55,6 @@ private:
     [[nodiscard]] int indexOfPayweek(const QString &payweek) const;
     void loadSummary();
     void clearSummary();
-    [[nodiscard]] static QString failureTitle(PayweekRepository::Reading failed);
     void openTrip(int row, int column);
     void report(const QString &text) const;
 

@@ -16,9 +16,11 @@ int main(int argc, char *argv[])
     QString error;
     const OneCallConnection trips(u"payweek_report"_s, arguments.value(1), error);
     PayweekRepository::Payweek payweek;
+    PayweekRepository::Reading reading = {};
     if (!trips.isOpen()
-        || PayweekRepository::loadPayweek(trips.database(), arguments.value(2), payweek, error)) {
-        QTextStream(stderr) << error;
+        || !PayweekRepository::loadPayweek(trips.database(), arguments.value(2), payweek, reading,
+                                           error)) {
+        QTextStream(stderr) << error << Qt::endl;
         return 1;
     }
     QTextStream(stdout) << payweekReport(payweek.figures);

@@ -1,6 +1,7 @@
 #include "settlements/ViewPayweekPage.h"
 #include "support/RowMakers.h"
 #include "support/TestProgram.h"
+#include "support/Workspace.h"
 
 #include <QProcess>
 #include <QTest>
@@ -17,8 +18,8 @@ class tst_CoresAlone : public QObject
 private Q_SLOTS:
     void reportIsThatOfThePage();
     void reportNeedsNoWindows();
-    void failureIsToldInTheDriversWords_data();
-    void failureIsToldInTheDriversWords();
+    void failureIsToldInOneLine_data();
+    void failureIsToldInOneLine();
 };
 
 namespace {
@@ -71,7 +72,7 @@ void tst_CoresAlone::reportNeedsNoWindows()
     QVERIFY2(!libraries.contains("libQt6Gui"_L1), qPrintable(libraries));
 }
 
-void tst_CoresAlone::failureIsToldInTheDriversWords_data()
+void tst_CoresAlone::failureIsToldInOneLine_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("payweek");
@@ -82,18 +83,20 @@ void tst_CoresAlone::failureIsToldInTheDriversWords_data()
     QTest::newRow("no payweek") << u"trips.db"_s << u""_s << u"Payweek is blank."_s;
 }
 
-void tst_CoresAlone::failureIsToldInTheDriversWords()
+void tst_CoresAlone::failureIsToldInOneLine()
 {
     QFETCH(const QString, file);
     QFETCH(const QString, payweek);
     QFETCH(const QString, part);
     Workspace workspace;
     workspace.makeTrips();
+    workspace.makeFile(u"empty.db"_s, {});
     const auto [exitCode, output, errors] =
         run(QStringLiteral(PAYWEEK_REPORT), {workspace.path(file), payweek});
     QCOMPARE(exitCode, 1);
     QCOMPARE(output, QString());
     QVERIFY2(errors.contains(part), qPrintable(errors));
+    QCOMPARE(errors.count(u'\n'), 1);
 }
 
 TEST_CLASS(tst_CoresAlone)

@@ -1,6 +1,6 @@
 #include "reports/totals/PayTotalsRepository.h"
+#include "settlements/CarryoverRules.h"
 #include "settlements/PayweekRepository.h"
-#include "settlements/carryover/CarryoverRules.h"
 #include "support/RowMakers.h"
 #include "support/TestConnection.h"
 #include "support/TestProgram.h"

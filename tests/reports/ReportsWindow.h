@@ -8,6 +8,8 @@
 #include <QGraphicsPixmapItem>
 #include <QGraphicsView>
 #include <QLabel>
+#include <QPixmap>
+#include <QStringList>
 #include <QTableWidget>
 
 #include <utility>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "settlements/BoxReaders.h"
 #include "settlements/ViewPayweekPage.h"
 #include "support/Person.h"
+#include "support/TableReaders.h"
 
 #include <QComboBox>
 #include <QLabel>

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "data/SqlStatement.h"
-#include "settlements/BoxReaders.h"
 #include "settlements/EditSettlementPage.h"
 #include "support/Person.h"
 #include "support/RowMakers.h"
+#include "support/TableReaders.h"
 
 #include <QComboBox>
 #include <QDoubleSpinBox>

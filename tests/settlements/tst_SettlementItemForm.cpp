@@ -1,6 +1,6 @@
-#include "settlements/BoxReaders.h"
 #include "settlements/SettlementItemForm.h"
 #include "support/Person.h"
+#include "support/TableReaders.h"
 #include "support/TestProgram.h"
 #include "support/Workspace.h"
 

@@ -1,5 +1,6 @@
 #include "support/TableReaders.h"
 
+#include <QComboBox>
 #include <QTableWidget>
 #include <QTest>
 
@@ -49,4 +50,12 @@ QStringList column(const QTableWidget *table, const QString &header)
     for (int row = 0; row < table->rowCount(); ++row)
         cells.append(cellText(table, row, wanted));
     return cells;
+}
+
+QStringList offeredBy(const QComboBox *box)
+{
+    QStringList entries;
+    for (int i = 0; i < box->count(); ++i)
+        entries.append(box->itemText(i));
+    return entries;
 }

@@ -1,4 +1,4 @@
-#include "reports/ReportPicture.h"
+#include "reports/charts/ReportPicture.h"
 #include "support/TestProgram.h"
 
 #include <algorithm>

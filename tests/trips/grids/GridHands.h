@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/Person.h"
+#include "support/TableReaders.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -11,15 +12,6 @@
 inline QComboBox *boxAt(const QTableWidget *grid, int row, int column)
 {
     return qobject_cast<QComboBox *>(grid->cellWidget(row, column));
-}
-
-/// The entries that a box offers.
-inline QStringList offeredBy(const QComboBox *box)
-{
-    QStringList entries;
-    for (int index = 0; index < box->count(); ++index)
-        entries.append(box->itemText(index));
-    return entries;
 }
 
 /// Double-clicks a cell and gives the line to type in; null if the cell does not open.

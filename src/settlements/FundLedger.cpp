@@ -1,4 +1,4 @@
-#include "settlements/carryover/FundLedger.h"
+#include "settlements/FundLedger.h"
 
 #include "settlements/PayweekReaders.h"
 

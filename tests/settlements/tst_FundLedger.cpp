@@ -1,7 +1,7 @@
 #include "data/DomainRules.h"
+#include "settlements/FundLedger.h"
 #include "settlements/PayweekRepository.h"
 #include "settlements/PayweekRows.h"
-#include "settlements/carryover/FundLedger.h"
 #include "support/TestConnection.h"
 #include "support/TestProgram.h"
 

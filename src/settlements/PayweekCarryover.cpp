@@ -1,10 +1,10 @@
 // The walk through the earlier payweeks of a year.
 
 #include "data/DatabaseLocator.h"
+#include "settlements/CarryoverRules.h"
+#include "settlements/FundLedger.h"
 #include "settlements/PayweekReaders.h"
 #include "settlements/PayweekRepository.h"
-#include "settlements/carryover/CarryoverRules.h"
-#include "settlements/carryover/FundLedger.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,5 @@
+#include "settlements/CarryoverRules.h"
 #include "settlements/PayweekFile.h"
-#include "settlements/carryover/CarryoverRules.h"
 #include "support/FailingStatement.h"
 #include "support/TestProgram.h"
 

@@ -1,4 +1,4 @@
-#include "settlements/carryover/CarryoverRules.h"
+#include "settlements/CarryoverRules.h"
 #include "support/TestProgram.h"
 
 #include <QTest>
