@@ -23,6 +23,8 @@ private Q_SLOTS:
     void roomsKnowOnlyWhomTheyMay();
     void nobodyIncludesTheWindow();
     void everyRoomHasItsRow();
+    void everyPermissionIsUsed();
+    void everyTestIsRun();
     void headersOfOthersAreNamedWithoutAFolder();
     void classesOfMocStandUnderNoCondition();
     void signalsAreConnectedByPointerWithAContext();
@@ -47,8 +49,7 @@ const QMap<QString, QStringList> mayKnow = {
     {u"pdfimport/tools_core"_s, {}},
     {u"pdfimport_core"_s, {u"pdfimport/tools_core"_s, u"data_core"_s}},
     {u"pdfimport/history_core"_s, {u"pdfimport_core"_s, u"data_core"_s}},
-    {u"pdfimport/history"_s,
-     {u"pdfimport/history_core"_s, u"pdfimport_core"_s, u"data_core"_s, u"ui"_s}},
+    {u"pdfimport/history"_s, {u"pdfimport/history_core"_s, u"data_core"_s, u"ui"_s}},
     {u"pdfimport/review"_s, {u"pdfimport_core"_s, u"data_core"_s, u"ui"_s}},
     {u"pdfimport"_s, {u"pdfimport/review"_s, u"pdfimport_core"_s, u"ui"_s}},
     {u"trips_core"_s, {u"data_core"_s}},
@@ -115,18 +116,19 @@ QStringList matchesOf(const QString &pattern, const QString &text)
     return found;
 }
 
-// What a file includes in quotes, but for what Qt makes of a form.
-QStringList includesOf(const QString &path)
-{
-    QStringList headers = matchesOf(u"^[ \\t]*#[ \\t]*include[ \\t]*\"([^\"]+)\""_s, textOf(path));
-    headers.removeOne(u"ui_BrindlepathApp.h"_s);
-    return headers;
-}
-
 // The path below src/ of a file of the product.
 QString belowSources(const QString &path)
 {
     return QDir(project.filePath(u"src"_s)).relativeFilePath(path);
+}
+
+// What a file includes in quotes, but for what Qt makes of the window's form.
+QStringList includesOf(const QString &path)
+{
+    QStringList headers = matchesOf(u"^[ \\t]*#[ \\t]*include[ \\t]*\"([^\"]+)\""_s, textOf(path));
+    if (belowSources(path) == "app/BrindlepathApp.cpp"_L1)
+        headers.removeOne(u"ui_BrindlepathApp.h"_s);
+    return headers;
 }
 
 // Whether a file belongs to a core: the file itself is listed, or the source of its name.
@@ -193,6 +195,41 @@ void tst_SourceRules::everyRoomHasItsRow()
         rooms.insert(roomOf(belowSources(path)));
     const QStringList rows = mayKnow.keys();
     QCOMPARE(rooms, QSet<QString>(rows.cbegin(), rows.cend()));
+}
+
+// So that the table stays a map of the house.
+void tst_SourceRules::everyPermissionIsUsed()
+{
+    QMap<QString, QSet<QString>> known;
+    for (const QString &path : filesOf(u"src"_s)) {
+        for (const QString &header : includesOf(path))
+            known[roomOf(belowSources(path))].insert(roomOf(header));
+    }
+    QStringList idle;
+    for (auto row = mayKnow.cbegin(); row != mayKnow.cend(); ++row) {
+        for (const QString &room : *row) {
+            if (!known.value(row.key()).contains(room))
+                idle.append(row.key() + " does not include "_L1 + room);
+        }
+    }
+    QCOMPARE(idle.join(u'\n'), QString());
+}
+
+// A class that its folder's list or its own last line forgets would never run, and no one would
+// see.
+void tst_SourceRules::everyTestIsRun()
+{
+    QStringList forgotten;
+    for (const QString &path : filesOf(u"tests"_s, {u"tst_*.cpp"_s})) {
+        const QString name = QFileInfo(path).baseName().mid(4);
+        const QString folder = project.relativeFilePath(path).section(u'/', 0, 1);
+        const QString list = textOf(project.filePath(folder + "/CMakeLists.txt"_L1));
+        if (!list.contains(QRegularExpression(u"[ /]%1\\b"_s.arg(name)))
+            || !textOf(path).contains(
+                QRegularExpression(u"\nTEST_CLASS(_WITHOUT_WINDOWS)?\\(tst_%1\\)\n"_s.arg(name))))
+            forgotten.append(path);
+    }
+    QCOMPARE(forgotten.join(u'\n'), QString());
 }
 
 // A core is not given the folders of Qt's other modules, so that "#include <QWidget>" does not

@@ -5,24 +5,39 @@
 #include "settlements/PayweekRepository.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QTextStream>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// SQLite would make an empty file of a missing one.
+bool printReport(const QString &path, const QString &payweek, QString &error)
+{
+    if (!QFile::exists(path)) {
+        error = u"There is no file %1"_s.arg(path);
+        return false;
+    }
+    const OneCallConnection trips(u"payweek_report"_s, path, error);
+    PayweekRepository::Payweek read;
+    PayweekRepository::Reading reading = {};
+    if (!trips.isOpen()
+        || !PayweekRepository::loadPayweek(trips.database(), payweek, read, reading, error))
+        return false;
+    QTextStream(stdout) << payweekReport(read.figures);
+    return true;
+}
+
+} // namespace
 
 int main(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     QString error;
-    const OneCallConnection trips(u"payweek_report"_s, arguments.value(1), error);
-    PayweekRepository::Payweek payweek;
-    PayweekRepository::Reading reading = {};
-    if (!trips.isOpen()
-        || !PayweekRepository::loadPayweek(trips.database(), arguments.value(2), payweek, reading,
-                                           error)) {
-        QTextStream(stderr) << error << Qt::endl;
-        return 1;
-    }
-    QTextStream(stdout) << payweekReport(payweek.figures);
-    return 0;
+    if (printReport(arguments.value(1), arguments.value(2), error))
+        return 0;
+    QTextStream(stderr) << error << Qt::endl;
+    return 1;
 }

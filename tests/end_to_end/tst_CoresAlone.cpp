@@ -3,6 +3,7 @@
 #include "support/TestProgram.h"
 #include "support/Workspace.h"
 
+#include <QFile>
 #include <QProcess>
 #include <QTest>
 #include <QTextEdit>
@@ -77,8 +78,8 @@ void tst_CoresAlone::failureIsToldInOneLine_data()
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("payweek");
     QTest::addColumn<QString>("part");
-    QTest::newRow("no folder") << u"gone/trips.db"_s << u"01/09/2026"_s
-                               << u"unable to open database file"_s;
+    QTest::newRow("no file") << u"gone.db"_s << u"01/09/2026"_s << u"There is no file "_s;
+    QTest::newRow("a folder") << u"."_s << u"01/09/2026"_s << u"unable to open database file"_s;
     QTest::newRow("no tables") << u"empty.db"_s << u"01/09/2026"_s << u"no such table: trips"_s;
     QTest::newRow("no payweek") << u"trips.db"_s << u""_s << u"Payweek is blank."_s;
 }
@@ -97,6 +98,7 @@ void tst_CoresAlone::failureIsToldInOneLine()
     QCOMPARE(output, QString());
     QVERIFY2(errors.contains(part), qPrintable(errors));
     QCOMPARE(errors.count(u'\n'), 1);
+    QVERIFY(!QFile::exists(workspace.path(u"gone.db"_s)));
 }
 
 TEST_CLASS(tst_CoresAlone)
