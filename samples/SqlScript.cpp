@@ -36,6 +36,7 @@ bool runSqlScript(const QString &scriptPath, const QString &databasePath, QStrin
     static const QRegularExpression statementEnd(u";\\s*(\\n|$)"_s);
     const QString text = QString::fromUtf8(script.readAll()).remove(comment).trimmed();
 
+    QFile(databasePath).open(QIODevice::Append); // an empty file is an empty database
     const QString connection = u"sql_script"_s;
     QSqlDatabase database;
     bool ok = DatabaseLocator::openNamedConnection(database, connection, databasePath, error);

@@ -86,6 +86,11 @@ QString currentLocationsDatabasePath()
     return currentPath(locationsFileName);
 }
 
+bool isSameFile(const QString &path, const QString &otherPath)
+{
+    return !path.isEmpty() && !otherPath.isEmpty() && QFileInfo(path) == QFileInfo(otherPath);
+}
+
 bool openNamedConnection(QSqlDatabase &handle, const QString &connectionName, const QString &path,
                          QString &error)
 {
@@ -97,6 +102,9 @@ bool openNamedConnection(QSqlDatabase &handle, const QString &connectionName, co
     releaseNamedConnection(handle, connectionName);
     handle = QSqlDatabase::addDatabase(sqliteDriver, connectionName);
     handle.setDatabaseName(path);
+    // To write, the driver would open a missing file by making an empty one.
+    if (!QFileInfo::exists(path))
+        handle.setConnectOptions(u"QSQLITE_OPEN_READONLY"_s);
     if (!handle.open()) {
         error = handle.lastError().text();
         return false;

@@ -26,9 +26,13 @@ QString currentTripsDatabasePath();
 /// The same for the locations file.
 QString currentLocationsDatabasePath();
 
+/// Whether two paths lead to the same file. No path is the same as none.
+bool isSameFile(const QString &path, const QString &otherPath);
+
 /// Opens `path` under `connectionName`; whatever `handle` and that name held is closed first.
 /// On failure returns false with the driver's text, or "Database path is blank.", in `error`.
 /// After a driver's failure the name stays registered and closed, and the next open replaces it.
+/// A missing file is such a failure; it is never made.
 bool openNamedConnection(QSqlDatabase &handle, const QString &connectionName, const QString &path,
                          QString &error);
 

@@ -5,20 +5,14 @@
 #include "settlements/PayweekRepository.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QTextStream>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// SQLite would make an empty file of a missing one.
 bool printReport(const QString &path, const QString &payweek, QString &error)
 {
-    if (!QFile::exists(path)) {
-        error = u"There is no file %1"_s.arg(path);
-        return false;
-    }
     const OneCallConnection trips(u"payweek_report"_s, path, error);
     PayweekRepository::Payweek read;
     PayweekRepository::Reading reading = {};

@@ -78,7 +78,8 @@ void tst_CoresAlone::failureIsToldInOneLine_data()
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("payweek");
     QTest::addColumn<QString>("part");
-    QTest::newRow("no file") << u"gone.db"_s << u"01/09/2026"_s << u"There is no file "_s;
+    QTest::newRow("no file") << u"gone.db"_s << u"01/09/2026"_s
+                             << u"unable to open database file"_s;
     QTest::newRow("a folder") << u"."_s << u"01/09/2026"_s << u"unable to open database file"_s;
     QTest::newRow("no tables") << u"empty.db"_s << u"01/09/2026"_s << u"no such table: trips"_s;
     QTest::newRow("no payweek") << u"trips.db"_s << u""_s << u"Payweek is blank."_s;
