@@ -48,8 +48,12 @@ void sortPayweeksNewestFirst(QStringList &payweeks);
 void sortPayweeksOldestFirst(QStringList &payweeks);
 
 /// A stop's appointment: ISO as stored, or MM/DD/YYYY with a 24- or 12-hour time as typed.
-/// Invalid for blank and for anything else.
+/// Invalid for blank and for anything else. It is a time of the wall clock: only its date() and
+/// time() count, and one that the local clock skips is as good as any other.
 QDateTime parseAppointmentDateTime(const QString &text);
+
+/// The ISO text of an appointment, as stops are stored.
+QString storedAppointmentText(const QDateTime &appointment);
 
 // Numbers (DomainRules.cpp). Text that is no finite number in C-locale form gives 0.
 

@@ -40,6 +40,13 @@ QDate fullSlashedDate(QStringView text)
     return dateAt(text, 6, 0, 3);
 }
 
+// What a dispatcher wrote down stands, whether or not the local clock ever shows it: of itself a
+// time in the hour that it skips in spring is invalid, and in UTC there is no such hour.
+QDateTime asWritten(const QDateTime &time)
+{
+    return time.isValid() ? time : QDateTime(time.date(), time.time(), Qt::UTC);
+}
+
 // The form in which stops are stored, YYYY-MM-DDTHH:MM:SS, read by place for the same reason.
 QDateTime storedAppointment(QStringView text)
 {
@@ -48,7 +55,7 @@ QDateTime storedAppointment(QStringView text)
         return {};
     const QDate date = dateAt(text, 0, 5, 8);
     const QTime time(numberAt(text, 11, 2), numberAt(text, 14, 2), numberAt(text, 17, 2));
-    return date.isValid() && time.isValid() ? QDateTime(date, time) : QDateTime();
+    return date.isValid() && time.isValid() ? asWritten(QDateTime(date, time)) : QDateTime();
 }
 
 QDate firstDate(const QString &text, std::initializer_list<QStringView> forms)
@@ -151,7 +158,7 @@ QDateTime parseAppointmentDateTime(const QString &text)
         return {};
     QDateTime appointment = storedAppointment(trimmed);
     if (!appointment.isValid())
-        appointment = QDateTime::fromString(trimmed, Qt::ISODate);
+        appointment = asWritten(QDateTime::fromString(trimmed, Qt::ISODate));
     if (appointment.isValid())
         return appointment;
     static constexpr std::array<QStringView, 11> forms = {
@@ -159,11 +166,18 @@ QDateTime parseAppointmentDateTime(const QString &text)
         u"MM/dd/yyyy h:mm AP", u"M/d/yyyy h:mm AP",    u"MM/dd/yyyy h:mm ap",  u"M/d/yyyy h:mm ap",
         u"yyyy-MM-dd HH:mm",   u"yyyy-MM-dd HH:mm:ss", u"yyyy-MM-ddTHH:mm:ss"};
     for (const QStringView form : forms) {
-        appointment = QDateTime::fromString(trimmed, form, QCalendar());
+        appointment = asWritten(QDateTime::fromString(trimmed, form, QCalendar()));
         if (appointment.isValid())
             return appointment;
     }
     return {};
+}
+
+QString storedAppointmentText(const QDateTime &appointment)
+{
+    const bool isSkipped = !QDateTime(appointment.date(), appointment.time()).isValid();
+    return isSkipped ? appointment.toString(u"yyyy-MM-ddTHH:mm:ss"_s) // without the mark of UTC
+                     : appointment.toString(Qt::ISODate);
 }
 
 } // namespace DomainRules

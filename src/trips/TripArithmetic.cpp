@@ -31,12 +31,21 @@ Iterator firstTimedStop(const Iterator &from, const Iterator &to, QLatin1StringV
     });
 }
 
+// By the wall clock: a computer in another zone, or one whose clock changes on the way, counts the
+// same hours.
+qint64 secondsBetween(const QDateTime &from, const QDateTime &to)
+{
+    return QDateTime(from.date(), from.time(), Qt::UTC)
+        .secsTo(QDateTime(to.date(), to.time(), Qt::UTC));
+}
+
 TripHoursResult hoursBetween(const TripStopTiming &pickup, const TripStopTiming &delivery,
                              double extraHours)
 {
-    const qint64 shortestSeconds = end(pickup).secsTo(start(delivery));
+    const qint64 shortestSeconds = secondsBetween(end(pickup), start(delivery));
     const bool noWindow = end(pickup) == start(pickup) && end(delivery) == start(delivery);
-    const qint64 longestSeconds = noWindow ? shortestSeconds : start(pickup).secsTo(end(delivery));
+    const qint64 longestSeconds =
+        noWindow ? shortestSeconds : secondsBetween(start(pickup), end(delivery));
     if (shortestSeconds < 1 && longestSeconds < 1)
         return {};
     const double longest = static_cast<double>(longestSeconds) / 3600.0;

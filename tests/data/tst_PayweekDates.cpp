@@ -1,5 +1,6 @@
 #include "data/DomainRules.h"
 #include "support/TestProgram.h"
+#include "support/TimeZone.h"
 
 #include <QTest>
 
@@ -242,6 +243,44 @@ private Q_SLOTS:
     {
         QFETCH(const QString, text);
         QCOMPARE(parseAppointmentDateTime(text), QDateTime());
+    }
+
+    void anAppointmentStandsAsWrittenThoughTheClockSkipsIt_data()
+    {
+        QTest::addColumn<QString>("zone");
+        QTest::addColumn<QString>("text");
+        // In these zones the clock goes from 02:00 to 03:00, or from 00:00 to 01:00, on that day.
+        for (const char *zone : {"America/Chicago", "America/New_York", "America/Los_Angeles"}) {
+            for (const QString &text :
+                 {u"03/08/2026 02:30"_s, u"3/8/2026 2:30"_s, u"03/08/2026 02:30:00"_s,
+                  u"3/8/2026 2:30 AM"_s, u"03/08/2026 2:30 am"_s, u"2026-03-08 02:30"_s,
+                  u"2026-03-08T02:30"_s, u"2026-03-08T02:30:00"_s})
+                QTest::newRow(qPrintable(QLatin1StringView(zone) + u' ' + text))
+                    << QString::fromLatin1(zone) << text;
+        }
+        QTest::newRow("midnight") << u"America/Havana"_s << u"03/08/2026 00:30"_s;
+        QTest::newRow("a zone that does not skip it") << u"Asia/Kolkata"_s << u"03/08/2026 02:30"_s;
+    }
+
+    void anAppointmentStandsAsWrittenThoughTheClockSkipsIt()
+    {
+        QFETCH(const QString, zone);
+        QFETCH(const QString, text);
+        const TimeZone clock(zone);
+        const QDateTime time = parseAppointmentDateTime(text);
+        QVERIFY(time.isValid());
+        QCOMPARE(time.date(), QDate(2026, 3, 8));
+        QCOMPARE(time.time(), QTime(zone == "America/Havana"_L1 ? 0 : 2, 30));
+        QCOMPARE(storedAppointmentText(time),
+                 zone == "America/Havana"_L1 ? u"2026-03-08T00:30:00"_s : u"2026-03-08T02:30:00"_s);
+    }
+
+    void aStoredAppointmentIsIsoText()
+    {
+        const QDateTime time(QDate(2026, 4, 18), QTime(21, 56));
+        QCOMPARE(storedAppointmentText(time), u"2026-04-18T21:56:00"_s);
+        QCOMPARE(storedAppointmentText(parseAppointmentDateTime(u"2026-04-18T21:56:00Z"_s)),
+                 u"2026-04-18T21:56:00Z"_s);
     }
 };
 

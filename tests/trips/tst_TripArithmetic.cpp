@@ -1,4 +1,5 @@
 #include "support/TestProgram.h"
+#include "support/TimeZone.h"
 #include "trips/TripArithmetic.h"
 
 #include <QTest>
@@ -291,6 +292,30 @@ private Q_SLOTS:
         const TripHoursResult hours = computeTripHours(stops, net, 3.0);
         QTEST(hoursText(hours), "hours");
         QTEST(netPerHourText(hours), "netPerHour");
+    }
+
+    void hoursAreThoseOfTheWallClockInEveryZone_data()
+    {
+        QTest::addColumn<QString>("zone");
+        for (const char *zone : {"America/Chicago", "Europe/Berlin", "Asia/Kolkata", "UTC"})
+            QTest::newRow(zone) << QString::fromLatin1(zone);
+    }
+
+    void hoursAreThoseOfTheWallClockInEveryZone()
+    {
+        QFETCH(const QString, zone);
+        const TimeZone clock(zone);
+        const auto hoursFrom = [](const QString &pickup, const QString &delivery) {
+            return computeStopHours({stopTiming(u"shipper"_s, pickup, false, {}),
+                                     stopTiming(u"receiver"_s, delivery, false, {})},
+                                    3.0)
+                .hours;
+        };
+        // The clock of the United States goes forward on March 8 and back on November 1.
+        QCOMPARE(hoursFrom(u"2026-03-07T22:00:00"_s, u"2026-03-08T10:00:00"_s), 15.0);
+        QCOMPARE(hoursFrom(u"2026-03-08T02:30:00"_s, u"2026-03-08T10:00:00"_s), 10.5);
+        QCOMPARE(hoursFrom(u"2026-03-07T22:00:00"_s, u"2026-03-08T02:30:00"_s), 7.5);
+        QCOMPARE(hoursFrom(u"2026-10-31T22:00:00"_s, u"2026-11-01T10:00:00"_s), 15.0);
     }
 
 private:

@@ -122,7 +122,7 @@ bool StopsEditor::storeAppointment(QString &text, const QString &invalidText)
         QMessageBox::warning(this, tr("Invalid Appointment"), invalidText);
         return false;
     }
-    text = time.toString(Qt::ISODate);
+    text = DomainRules::storedAppointmentText(time);
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "support/DialogRobot.h"
 #include "support/TestProgram.h"
+#include "support/TimeZone.h"
 #include "trips/TripsRows.h"
 #include "trips/stops/StopsRows.h"
 #include "trips/stops/StopsWindow.h"
@@ -53,6 +54,22 @@ private Q_SLOTS:
         QCOMPARE(window.statuses, QStringList({u"Saved stops for current trip."_s}));
         QCOMPARE(window.summary(), u"Stops: Rows 2 | Total Hours 11.00 - 13.00"_s);
         QCOMPARE(robot.seen().size(), 0);
+    }
+
+    void timeThatTheClockSkipsIsSavedAndShownAsWritten()
+    {
+        Workspace workspace;
+        const TimeZone clock(u"America/Chicago"_s);
+        const StopsWindow window(makeTrip(workspace));
+        window.clicksTrip(0);
+        window.addsStop(u"shipper"_s, {}, u"03/08/2026 02:30"_s);
+        window.addsStop(u"receiver"_s, {}, u"03/08/2026 10:00"_s);
+        window.savesStops();
+        QCOMPARE(workspace.rows(u"SELECT appt FROM trip_stops ORDER BY id"_s),
+                 QList<QStringList>({{u"2026-03-08T02:30:00"_s}, {u"2026-03-08T10:00:00"_s}}));
+        window.clicksTrip(0);
+        QCOMPARE(window.stops().at(0).at(3), u"03/08/2026 02:30"_s);
+        QCOMPARE(window.summary(), u"Stops: Rows 2 | Total Hours 10.50"_s);
     }
 
     void savedStopsStandInTheirOrderAtTheNextLoad()
