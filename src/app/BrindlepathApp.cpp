@@ -271,8 +271,11 @@ void BrindlepathApp::showPayweek(const QString &payweek)
 void BrindlepathApp::showTrip(int tripId, const QString &tripNo)
 {
     showPage(tripsPage);
-    tripsPage->openTripById(tripId);
-    if (const QString number = tripNo.trimmed(); !number.isEmpty())
+    const QString number = tripNo.trimmed();
+    if (!tripsPage->openTripOfFile(tripId, viewPayweekPage->databasePath()))
+        setStatusText(tr("Trip %1 is not in the file which Trips has open")
+                          .arg(number.isEmpty() ? tr("ID %1").arg(tripId) : number));
+    else if (!number.isEmpty())
         setStatusText(tr("Opened trip %1 from View Payweek").arg(number));
 }
 

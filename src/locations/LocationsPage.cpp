@@ -178,6 +178,7 @@ void LocationsPage::loadRow(int row)
         location.append(cell ? cell->text() : QString());
     }
     selectedCode = location.at(Code).trimmed();
+    fileOfForm = database.databaseName();
     form->showLocation(location);
     setMode(Mode::Viewing);
 }
@@ -185,6 +186,7 @@ void LocationsPage::loadRow(int row)
 void LocationsPage::newLocation()
 {
     selectedCode.clear();
+    fileOfForm = database.databaseName();
     {
         const QSignalBlocker blocker(table);
         table->clearSelection();
@@ -225,7 +227,7 @@ void LocationsPage::saveLocation()
         QMessageBox::warning(this, tr("Missing Code"), tr("Location code is required."));
         return;
     }
-    if (!writeLocation())
+    if (!confirmFile() || !writeLocation())
         return;
     const bool isUpdate = !selectedCode.isEmpty();
     selectedCode = code;
@@ -233,6 +235,21 @@ void LocationsPage::saveLocation()
     report((isUpdate ? tr("Updated location: %1") : tr("Saved location: %1")).arg(code));
     refresh();
     selectCode(code);
+}
+
+// What was typed while one file was open goes into another only where the driver says so.
+bool LocationsPage::confirmFile()
+{
+    const QString file = database.databaseName();
+    if (fileOfForm.isEmpty() || DatabaseLocator::isSameFile(fileOfForm, file))
+        return true;
+    return QMessageBox::question(
+               this, tr("Save Location"),
+               tr("This location was entered while another file was open:\n\n%1\n\n"
+                  "Save it to the file that is open now?\n\n%2")
+                   .arg(fileOfForm, file),
+               QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
+           == QMessageBox::Yes;
 }
 
 bool LocationsPage::writeLocation()

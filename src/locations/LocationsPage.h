@@ -45,6 +45,7 @@ private:
     void editLocation();
     void saveLocation();
     bool writeLocation();
+    bool confirmFile();
     void selectCode(const QString &code);
     void deleteLocation();
 
@@ -57,6 +58,7 @@ private:
 
     QSqlDatabase database;
     QString selectedCode;
+    QString fileOfForm; ///< that was open when the form was filled or cleared; empty at first
     Mode mode = Mode::Viewing;
     DataTable *table = nullptr;
     LocationForm *form = nullptr;

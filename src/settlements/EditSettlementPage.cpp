@@ -6,6 +6,7 @@
 #include "settlements/PayweekTables.h"
 #include "settlements/SettlementItemForm.h"
 #include "settlements/SettlementRepository.h"
+#include "ui/DataCell.h"
 #include "ui/DataTable.h"
 #include "ui/PageParts.h"
 #include "ui/WheelGuard.h"
@@ -136,7 +137,10 @@ void EditSettlementPage::openDatabase(const QString &path)
         return;
     }
     report(tr("Opened settlement/trips DB: %1").arg(path));
+    reloadApr(); // of the week that stays chosen if the weeks cannot be read
     refresh();
+    if (rowOfItem(form->selectedItemId()) < 0)
+        form->startNewItem(); // what was in hand is an item of the file before
 }
 
 void EditSettlementPage::browseForDatabase()
@@ -253,24 +257,34 @@ void EditSettlementPage::showItems(const QString &payweek, const QList<QStringLi
 // An item that is not there any more leaves the form for a new one.
 void EditSettlementPage::selectItem(int id)
 {
-    for (int row = 0; id > 0 && row < table->rowCount(); ++row) {
-        if (table->item(row, PayweekTables::ItemIdColumn)->text().toInt() != id)
-            continue;
-        {
-            const QSignalBlocker blocker(table);
-            table->selectRow(row);
-        }
-        loadRow(row);
+    const int row = rowOfItem(id);
+    if (row < 0) {
+        startNewItem();
         return;
     }
-    startNewItem();
+    {
+        const QSignalBlocker blocker(table);
+        table->selectRow(row);
+    }
+    loadRow(row);
+}
+
+int EditSettlementPage::rowOfItem(int id) const
+{
+    for (int row = 0; id > 0 && row < table->rowCount(); ++row) {
+        if (table->item(row, PayweekTables::ItemIdColumn)->text().toInt() == id)
+            return row;
+    }
+    return -1;
 }
 
 void EditSettlementPage::loadRow(int row)
 {
     if (row < 0)
         return;
-    const auto text = [this, row](int column) { return table->item(row, column)->text(); };
+    const auto text = [this, row](int column) {
+        return table->item(row, column)->data(DataCell::rawTextRole).toString();
+    };
     const int id = text(PayweekTables::ItemIdColumn).trimmed().toInt();
     if (id <= 0)
         return;

@@ -48,6 +48,7 @@ private:
     void showItems(const QString &payweek, const QList<QStringList> &rows, double revenue,
                    double expense);
     void selectItem(int id);
+    [[nodiscard]] int rowOfItem(int id) const;
     void loadRow(int row);
     void startNewItem();
     void saveApr();

@@ -130,6 +130,11 @@ void ViewPayweekPage::connectWidgets()
     connect(tripTable, &QTableWidget::cellClicked, this, &ViewPayweekPage::openTrip);
 }
 
+QString ViewPayweekPage::databasePath() const
+{
+    return database.isOpen() ? database.databaseName() : QString();
+}
+
 void ViewPayweekPage::openDatabase(const QString &path)
 {
     QString error;

@@ -33,6 +33,9 @@ public:
     /// "Database Error" box and nothing more.
     void openDatabase(const QString &path);
 
+    /// The path of the file whose payweeks are shown, empty while none is open.
+    [[nodiscard]] QString databasePath() const;
+
     /// Selects the payweek of this text, or else of this date, and shows it. One that is not in
     /// the box leaves the selection and is told in the status line.
     void showPayweek(const QString &payweek);

@@ -1,5 +1,8 @@
 #include "trips/TripForm.h"
 
+#include "data/DomainRules.h"
+#include "trips/TripColumns.h"
+
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -74,17 +77,47 @@ void TripForm::setText(Field field, const QString &text)
     fields.at(field)->setText(text);
 }
 
+void TripForm::showTrip(const QStringList &row)
+{
+    setTripId(row.at(IdColumn).toInt());
+    setText(TripNo, row.at(TripNoColumn));
+    setText(Payweek, row.at(PayweekColumn));
+    setText(EmptyMiles, row.at(EmptyMilesColumn));
+    setText(LoadedMiles, row.at(LoadedMilesColumn));
+    setText(Linehaul, row.at(LinehaulColumn));
+    setText(Fusu, row.at(FusuColumn));
+    setText(CarrierPercent, row.at(CarrierPercentColumn));
+}
+
+TripsRepository::TripRecord TripForm::trip() const
+{
+    TripsRepository::TripRecord trip;
+    trip.id = currentTripId();
+    trip.tripNo = text(TripNo).trimmed();
+    trip.payweek = text(Payweek).trimmed();
+    trip.emptyMiles = DomainRules::parseNumberText(text(EmptyMiles));
+    trip.loadedMiles = DomainRules::parseNumberText(text(LoadedMiles));
+    trip.carrierPercent = DomainRules::parseNumberText(text(CarrierPercent));
+    trip.linehaul = DomainRules::parseMoneyText(text(Linehaul));
+    trip.fusu = DomainRules::parseMoneyText(text(Fusu));
+    return trip;
+}
+
 void TripForm::showHours(const TripArithmetic::TripHoursResult &hours)
 {
     hoursLabel->setText(TripArithmetic::hoursText(hours));
     netPerHourLabel->setText(TripArithmetic::netPerHourText(hours));
 }
 
-void TripForm::startNewTrip()
+void TripForm::clear()
 {
     setTripId(0);
     for (QLineEdit *field : fields)
         field->clear();
     showHours({});
+}
+
+void TripForm::focusTripNo()
+{
     fields.at(TripNo)->setFocus();
 }

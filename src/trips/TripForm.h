@@ -1,6 +1,6 @@
 #pragma once
 
-#include "trips/TripArithmetic.h"
+#include "trips/TripsRepository.h"
 
 #include <QGroupBox>
 
@@ -28,10 +28,18 @@ public:
     [[nodiscard]] QString text(Field field) const;
     void setText(Field field, const QString &text);
 
+    /// Shows a row of the trip list, as the list shows it.
+    void showTrip(const QStringList &row);
+
+    /// What is typed, without the figures that follow from it. Text that is no number is 0.
+    [[nodiscard]] TripsRepository::TripRecord trip() const;
+
     void showHours(const TripArithmetic::TripHoursResult &hours);
 
-    /// Empties the form for a new trip and gives the trip number the focus.
-    void startNewTrip();
+    /// Empties the form for a new trip.
+    void clear();
+
+    void focusTripNo();
 
 private:
     void buildRows();

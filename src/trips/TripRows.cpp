@@ -115,15 +115,23 @@ bool loadFuel(const QSqlDatabase &database, int tripId, QList<FuelRow> &rows, QS
         });
 }
 
-Writer::Writer(const QSqlDatabase &connection, Table table, int trip)
-    : deletion(connection, deleteSql(table))
+Writer::Writer(const QSqlDatabase &connection, Table table, int id)
+    : trip(connection, u"SELECT id FROM trips WHERE id = ?"_s)
+    , deletion(connection, deleteSql(table))
     , insertion(connection, insertSql(table))
-    , tripId(trip)
+    , tripId(id)
 {
 }
 
 bool Writer::deleteAll(QString &error)
 {
+    QVariant id;
+    if (!trip.firstValue({tripId}, id, error))
+        return false;
+    if (!id.isValid()) {
+        error = u"The trip is not in the file. It may have already been deleted."_s;
+        return false;
+    }
     return deletion.run({tripId}, error);
 }
 

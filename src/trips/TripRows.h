@@ -59,14 +59,16 @@ bool loadFuel(const QSqlDatabase &database, int tripId, QList<FuelRow> &rows, QS
 class Writer
 {
 public:
-    Writer(const QSqlDatabase &connection, Table table, int trip);
+    Writer(const QSqlDatabase &connection, Table table, int id);
 
+    /// Fails without a change if the trip itself is not in the file: its rows would hang on none.
     bool deleteAll(QString &error);
     bool append(const StopRow &stop, QString &error);
     bool append(const ItemRow &item, QString &error);
     bool append(const DomainRules::FuelRowValues &row, QString &error);
 
 private:
+    SqlStatement trip;
     SqlStatement deletion;
     SqlStatement insertion;
     int tripId;

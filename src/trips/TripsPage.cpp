@@ -4,6 +4,7 @@
 #include "data/DomainRules.h"
 #include "data/SqlTransaction.h"
 #include "trips/DetailsPane.h"
+#include "trips/PayweekFilter.h"
 #include "trips/TripDetailsText.h"
 #include "trips/TripForm.h"
 #include "trips/TripList.h"
@@ -12,13 +13,10 @@
 #include "trips/stops/StopsEditor.h"
 #include "ui/PageParts.h"
 #include "ui/UiScale.h"
-#include "ui/WheelGuard.h"
 
 #include <QBoxLayout>
-#include <QComboBox>
 #include <QLabel>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -32,7 +30,6 @@ const QString connectionName = u"trips_connection"_s;
 constexpr int basePointSize = 10;
 constexpr int headingGrowth = 4;
 constexpr int gapBetweenActions = 12;
-constexpr int leastFilterWidth = 150;
 
 // The stored hours are those of the last save; the stops may have changed since.
 void putHours(QStringList &row, TripsRepository::StopTimings &stops)
@@ -103,31 +100,22 @@ void TripsPage::buildEditors(QWidget *inner, QVBoxLayout *sections)
 
 QHBoxLayout *TripsPage::buildActions()
 {
+    using Page = TripsPage;
     auto *row = new QHBoxLayout;
-    const auto addButton = [this, row](const QString &text, const QString &name, auto action) {
-        auto *button = new QPushButton(text, this);
-        button->setObjectName(name);
-        connect(button, &QPushButton::clicked, this, action);
-        row->addWidget(button);
+    const auto addButton = [this, row](const QString &text, const QString &name,
+                                       void (Page::*run)()) {
+        PageParts::addButton(row, text, name, this, run);
     };
-    addButton(tr("Open trips.db"), u"openTripsButton"_s, &TripsPage::browseForDatabase);
-    addButton(tr("Refresh"), u"refreshTripsButton"_s, &TripsPage::refresh);
+    addButton(tr("Open trips.db"), u"openTripsButton"_s, &Page::browseForDatabase);
+    addButton(tr("Refresh"), u"refreshTripsButton"_s, &Page::refresh);
     row->addSpacing(gapBetweenActions);
-
-    payweekFilter = new QComboBox(this);
-    auto *filterLabel = new QLabel(tr("Payweek:"), this);
-    filterLabel->setBuddy(payweekFilter);
-    payweekFilter->setObjectName(u"payweekFilter"_s);
-    payweekFilter->setMinimumWidth(leastFilterWidth);
-    payweekFilter->addItem(tr("All Payweeks"));
-    guardFromWheel(payweekFilter);
-    row->addWidget(filterLabel);
+    payweekFilter = new PayweekFilter(this);
+    row->addWidget(PageParts::makeCaption(tr("Payweek:"), payweekFilter));
     row->addWidget(payweekFilter);
     row->addSpacing(gapBetweenActions);
-
-    addButton(tr("New Trip"), u"newTripButton"_s, &TripsPage::startNewTrip);
-    addButton(tr("Save Trip / Changes"), u"saveTripButton"_s, &TripsPage::saveTrip);
-    addButton(tr("Delete Trip"), u"deleteTripButton"_s, &TripsPage::deleteTrip);
+    addButton(tr("New Trip"), u"newTripButton"_s, &Page::startNewTrip);
+    addButton(tr("Save Trip / Changes"), u"saveTripButton"_s, &Page::saveTrip);
+    addButton(tr("Delete Trip"), u"deleteTripButton"_s, &Page::deleteTrip);
     row->addStretch();
     return row;
 }
@@ -160,9 +148,7 @@ void TripsPage::applyUiScale(int percent)
     costItems->applyScale(pageFont, percent);
     fuel->applyScale(pageFont, percent);
     details->setFont(pageFont);
-    // The hint is that of the content alone, without the minimum set here before.
-    payweekFilter->setMinimumWidth(
-        std::max(leastFilterWidth, payweekFilter->minimumSizeHint().width()));
+    payweekFilter->fitWidth();
     updateGeometry();
     update();
 }
@@ -178,6 +164,8 @@ void TripsPage::autoOpen()
 
 void TripsPage::openDatabase(const QString &path)
 {
+    if (tripsDatabase.isValid())
+        leaveTrip(); // what was typed before any file was open waits for one
     QString error;
     if (!DatabaseLocator::openNamedConnection(tripsDatabase, connectionName, path, error)) {
         QMessageBox::critical(this, tr("Database Error"), error);
@@ -222,30 +210,22 @@ void TripsPage::refresh()
 
 void TripsPage::reloadPayweekFilter()
 {
-    const QString chosen = payweekFilter->currentText();
-    const QSignalBlocker blocker(payweekFilter);
-    payweekFilter->clear();
-    payweekFilter->addItem(tr("All Payweeks"));
     QStringList payweeks;
     QString error;
     if (tripsDatabase.isOpen()
         && !TripsRepository::listTripPayweeks(tripsDatabase, payweeks, error))
         QMessageBox::critical(this, tr("Payweek Query Error"), error);
-    payweekFilter->addItems(payweeks);
-    payweekFilter->setCurrentIndex(std::max(0, payweekFilter->findText(chosen)));
+    payweekFilter->offer(payweeks);
 }
 
 void TripsPage::reloadList()
 {
     if (!requireOpenDatabase())
         return;
-    QString filter = payweekFilter->currentText().trimmed();
-    if (payweekFilter->currentIndex() == 0)
-        filter.clear();
     TripsRepository::StopTimings timings(tripsDatabase);
     QList<QStringList> rows;
     QString error;
-    if (!TripsRepository::loadTrips(tripsDatabase, filter, rows, error,
+    if (!TripsRepository::loadTrips(tripsDatabase, payweekFilter->payweek(), rows, error,
                                     [&timings](QStringList &row) { putHours(row, timings); })) {
         QMessageBox::critical(this, tr("Query Error"), error);
         return;
@@ -270,14 +250,7 @@ void TripsPage::loadTrip(int row)
     if (cells.isEmpty())
         return;
     const int tripId = cells.at(IdColumn).toInt();
-    form->setTripId(tripId);
-    form->setText(TripForm::TripNo, cells.at(TripNoColumn));
-    form->setText(TripForm::Payweek, cells.at(PayweekColumn));
-    form->setText(TripForm::EmptyMiles, cells.at(EmptyMilesColumn));
-    form->setText(TripForm::LoadedMiles, cells.at(LoadedMilesColumn));
-    form->setText(TripForm::Linehaul, cells.at(LinehaulColumn));
-    form->setText(TripForm::Fusu, cells.at(FusuColumn));
-    form->setText(TripForm::CarrierPercent, cells.at(CarrierPercentColumn));
+    form->showTrip(cells);
     loadRows(tripId);
 
     const auto number = [&cells](TripColumn column) {
@@ -308,19 +281,33 @@ void TripsPage::showTripTitle(const QString &tripNo)
 
 void TripsPage::startNewTrip()
 {
-    form->startNewTrip();
-    details->clear();
-    loadRows(form->currentTripId());
+    clearTrip();
+    form->focusTripNo();
     showTripTitle({});
     report(tr("New Trip mode."));
+}
+
+void TripsPage::clearTrip()
+{
+    form->clear();
+    details->clear();
+    loadRows(form->currentTripId());
+}
+
+// The trip with this id in another file is another trip, and must not take the changes of this one.
+void TripsPage::leaveTrip()
+{
+    if (form->currentTripId() > 0)
+        showTripTitle({});
+    clearTrip();
 }
 
 void TripsPage::saveTrip()
 {
     if (!requireOpenDatabase())
         return;
-    TripsRepository::TripRecord trip = tripFromForm();
-    if (!hasRequiredTexts(trip))
+    TripsRepository::TripRecord trip = form->trip();
+    if (!hasRequiredTexts(trip) || !hasReadRows())
         return;
     fuel->syncFuelCostItems(); // fuel reaches the total as cost items
     trip.totals =
@@ -336,20 +323,6 @@ void TripsPage::saveTrip()
     reloadList();
 }
 
-TripsRepository::TripRecord TripsPage::tripFromForm() const
-{
-    TripsRepository::TripRecord trip;
-    trip.id = form->currentTripId();
-    trip.tripNo = form->text(TripForm::TripNo).trimmed();
-    trip.payweek = form->text(TripForm::Payweek).trimmed();
-    trip.emptyMiles = DomainRules::parseNumberText(form->text(TripForm::EmptyMiles));
-    trip.loadedMiles = DomainRules::parseNumberText(form->text(TripForm::LoadedMiles));
-    trip.carrierPercent = DomainRules::parseNumberText(form->text(TripForm::CarrierPercent));
-    trip.linehaul = DomainRules::parseMoneyText(form->text(TripForm::Linehaul));
-    trip.fusu = DomainRules::parseMoneyText(form->text(TripForm::Fusu));
-    return trip;
-}
-
 bool TripsPage::hasRequiredTexts(const TripsRepository::TripRecord &trip)
 {
     if (trip.tripNo.isEmpty()) {
@@ -361,6 +334,14 @@ bool TripsPage::hasRequiredTexts(const TripsRepository::TripRecord &trip)
         return false;
     }
     return true;
+}
+
+// Rows that were not read are missing from the totals too.
+bool TripsPage::hasReadRows()
+{
+    const QString title = tr("Update Trip Failed");
+    return stops->guard().allowsSave(this, title) && payItems->guard().allowsSave(this, title)
+           && costItems->guard().allowsSave(this, title) && fuel->guard().allowsSave(this, title);
 }
 
 bool TripsPage::writeTrip(TripsRepository::TripRecord &trip)
@@ -440,14 +421,33 @@ bool TripsPage::confirmDelete(const QString &tripName)
 
 void TripsPage::openTripById(int tripId)
 {
+    if (isOpenForTrip(tripId))
+        findTrip(tripId);
+}
+
+bool TripsPage::openTripOfFile(int tripId, const QString &path)
+{
+    if (!isOpenForTrip(tripId))
+        return true; // and told so
+    if (!DatabaseLocator::isSameFile(tripsDatabase.databaseName(), path))
+        return false;
+    findTrip(tripId);
+    return true;
+}
+
+bool TripsPage::isOpenForTrip(int tripId)
+{
     if (tripId <= 0)
-        return;
+        return false;
     if (!tripsDatabase.isOpen())
         autoOpen();
-    if (!tripsDatabase.isOpen()) {
+    if (!tripsDatabase.isOpen())
         report(tr("Unable to open trip %1 because trips.db is not open").arg(tripId));
-        return;
-    }
+    return tripsDatabase.isOpen();
+}
+
+void TripsPage::findTrip(int tripId)
+{
     reloadList();
     int row = list->rowOfTrip(tripId);
     if (row < 0 && payweekFilter->currentIndex() != 0) {

@@ -12,7 +12,7 @@
 class DetailsPane;
 class FuelEditor;
 class ItemEditor;
-class QComboBox;
+class PayweekFilter;
 class QHBoxLayout;
 class QVBoxLayout;
 class StopsEditor;
@@ -40,12 +40,17 @@ public:
     /// Opens the `trips.db` near the application; does nothing if there is none.
     void autoOpen();
 
-    /// Opens the file, brings an older one up to date, and lists its trips. A file that does not
-    /// open gives a "Database Error" box and nothing more.
+    /// Opens the file, brings an older one up to date, and lists its trips. The trip that was in
+    /// hand is left, saved or not. A file that does not open gives a "Database Error" box and
+    /// nothing more.
     void openDatabase(const QString &path);
 
     /// Selects the trip in the list and loads it, with the filter lifted if it hides the trip.
     void openTripById(int tripId);
+
+    /// The same for a trip of the file at `path`. False if another file is open here: its trip
+    /// with this id is another one, and none is loaded.
+    bool openTripOfFile(int tripId, const QString &path);
 
     void applyUiScale(int percent);
 
@@ -62,13 +67,17 @@ private:
     void reloadPayweekFilter();
     void reloadList();
 
+    bool isOpenForTrip(int tripId);
+    void findTrip(int tripId);
     void clickCell(int row, int column);
     void loadTrip(int row);
     void loadRows(int tripId);
     void showTripTitle(const QString &tripNo);
     void startNewTrip();
+    void clearTrip();
+    void leaveTrip();
     void saveTrip();
-    [[nodiscard]] TripsRepository::TripRecord tripFromForm() const;
+    bool hasReadRows();
     bool hasRequiredTexts(const TripsRepository::TripRecord &trip);
     bool writeTrip(TripsRepository::TripRecord &trip);
     void saveRows(int tripId);
@@ -82,7 +91,7 @@ private:
 
     QSqlDatabase tripsDatabase;
     const TripContext context;
-    QComboBox *payweekFilter = nullptr;
+    PayweekFilter *payweekFilter = nullptr;
     TripList *list = nullptr;
     TripForm *form = nullptr;
     StopsEditor *stops = nullptr;

@@ -62,6 +62,7 @@ struct DeleteStep
 {
     QLatin1StringView sql;
     QLatin1StringView failure;
+    bool mustFindARow = false;
 };
 
 // No pragma turns foreign keys on, so the rows of a trip are deleted by hand, children first.
@@ -74,7 +75,7 @@ constexpr std::array deleteSteps = {
     DeleteStep{"DELETE FROM trip_detail_items "
                "WHERE trip_id = ? AND LOWER(COALESCE(group_name,'')) = 'fuel'"_L1,
                "Could not delete fuel/detail rows"_L1},
-    DeleteStep{"DELETE FROM trips WHERE id = ?"_L1, "Could not delete trip"_L1},
+    DeleteStep{"DELETE FROM trips WHERE id = ?"_L1, "Could not delete trip"_L1, true},
 };
 
 // Only these names are ever set into a statement as text.
@@ -212,13 +213,21 @@ bool insertTrip(const QSqlDatabase &database, const TripRecord &trip, int &id, Q
 
 bool updateTrip(const QSqlDatabase &database, const TripRecord &trip, QString &error)
 {
-    return runSql(database, updateTripSql, boundValues(trip) << trip.id, error);
+    SqlStatement update(database, updateTripSql);
+    if (!update.run(boundValues(trip) << trip.id, error))
+        return false;
+    if (update.rowsAffected() < 1)
+        error = u"No trip was updated. It may have already been deleted."_s;
+    return error.isEmpty();
 }
 
 bool deleteTripRows(const QSqlDatabase &database, int tripId, QString &error)
 {
     for (const DeleteStep &step : deleteSteps) {
-        if (!runSql(database, step.sql, {tripId}, error)) {
+        SqlStatement deletion(database, step.sql);
+        if (deletion.run({tripId}, error) && step.mustFindARow && deletion.rowsAffected() < 1)
+            error = u"No trip was deleted. It may have already been deleted."_s;
+        if (!error.isEmpty()) {
             error = step.failure + ":\n"_L1 + error;
             return false;
         }

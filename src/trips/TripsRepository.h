@@ -73,12 +73,12 @@ private:
 /// Inserts the trip and gives its new id.
 bool insertTrip(const QSqlDatabase &database, const TripRecord &trip, int &id, QString &error);
 
-/// Rewrites the row of `trip.id`.
+/// Rewrites the row of `trip.id`. A trip that is not in the file is a failure.
 bool updateTrip(const QSqlDatabase &database, const TripRecord &trip, QString &error);
 
 /// Deletes the trip and the rows that hang on it, table after table; the first failure ends it and
-/// names its table. The caller holds the transaction. Rows of trip_detail_items in other groups
-/// than fuel stay.
+/// names its table. A trip that is not in the file is a failure. The caller holds the transaction.
+/// Rows of trip_detail_items in other groups than fuel stay.
 bool deleteTripRows(const QSqlDatabase &database, int tripId, QString &error);
 
 } // namespace TripsRepository

@@ -47,6 +47,14 @@ inline qint64 insertWorkedTrip(const Workspace &workspace, const QString &tripNo
     return id;
 }
 
+/// The same trip with a row in each of its grids: fuel for $387.80 too.
+inline qint64 insertFullTrip(const Workspace &workspace)
+{
+    const qint64 id = insertWorkedTrip(workspace, QStringLiteral("4471203"));
+    fuel(id, QStringLiteral("Truck Fuel"), 412.8, 25.0, 100.0).insert(workspace);
+    return id;
+}
+
 /// Trip 1 in the week of April 11, trips 2 and 3 in the week after.
 inline QString makeTwoWeeks(Workspace &workspace)
 {

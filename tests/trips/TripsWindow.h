@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QTableWidget>
 #include <QTextEdit>
 
 /// The Trips page in a window, as a person has it before them, and what it told that window.
@@ -61,6 +62,18 @@ public:
                      << named<QLabel>("netPerHourLabel")->text();
     }
 
+    /// How many stops, pay items, cost items and fuel rows there are in the grids.
+    [[nodiscard]] QList<int> rowCounts() const
+    {
+        QList<int> counts;
+        for (const char *grid : {"stopsGrid", "payItemsGrid", "costItemsGrid", "fuelGrid"})
+            counts.append(named<QTableWidget>(grid)->rowCount());
+        return counts;
+    }
+
+    /// Whether the page holds nothing of any trip.
+    [[nodiscard]] bool isEmpty() const;
+
     template <typename Widget>
     [[nodiscard]] Widget *named(const char *name) const
     {
@@ -78,4 +91,9 @@ inline QStringList emptyForm()
 {
     return QStringList({QStringLiteral("(new trip)")}) + QStringList(TripForm::fieldCount, {})
            + QStringList({QStringLiteral("0.00"), QStringLiteral("$0.00")});
+}
+
+inline bool TripsWindow::isEmpty() const
+{
+    return form() == emptyForm() && details().isEmpty() && rowCounts() == QList<int>({0, 0, 0, 0});
 }

@@ -49,6 +49,7 @@ QStringList namesOf(const QList<TripRows::ItemRow> &items)
 void makeRowsOfTwoTrips(const Workspace &workspace)
 {
     for (const qint64 tripId : {1, 2}) {
+        trip().insert(workspace);
         stop(tripId).insert(workspace);
         payItem(tripId, u"Layover"_s, 50.0).insert(workspace);
         costItem(tripId, u"Repair"_s, 300.0).insert(workspace);
@@ -216,6 +217,29 @@ private Q_SLOTS:
             u"Seal 12"_s);
     }
 
+    void rowsOfATripThatIsNotThereAreLeftAsTheyAre_data()
+    {
+        QTest::addColumn<Table>("table");
+        QTest::newRow("stops") << Table::Stops;
+        QTest::newRow("pay items") << Table::PayItems;
+        QTest::newRow("cost items") << Table::CostItems;
+        QTest::newRow("fuel") << Table::Fuel;
+    }
+
+    void rowsOfATripThatIsNotThereAreLeftAsTheyAre()
+    {
+        Workspace workspace;
+        const TestConnection trips(workspace.makeTrips());
+        makeRowsOfTwoTrips(workspace);
+        workspace.execute(u"DELETE FROM trips"_s);
+        QFETCH(const Table, table);
+        const int before = rowCount(workspace, TripRows::tableName(table));
+        QString error;
+        QVERIFY(!TripRows::Writer(trips.database(), table, 1).deleteAll(error));
+        QCOMPARE(error, u"The trip is not in the file. It may have already been deleted."_s);
+        QCOMPARE(rowCount(workspace, TripRows::tableName(table)), before);
+    }
+
     void stopIsWrittenWithAllItsColumns()
     {
         Workspace workspace;
@@ -280,6 +304,7 @@ private Q_SLOTS:
     {
         Workspace workspace;
         const TestConnection trips(workspace.makeTrips());
+        trip().insert(workspace);
         payItem(1, u"Layover"_s, 50.0).insert(workspace);
         workspace.execute(u"CREATE TRIGGER full BEFORE INSERT ON trip_pay_items "
                           "WHEN NEW.name = 'Scale' "
@@ -298,6 +323,7 @@ private Q_SLOTS:
     {
         Workspace workspace;
         const TestConnection trips(workspace.makeTrips());
+        trip().insert(workspace);
         workspace.execute(u"DROP TABLE trip_cost_items"_s);
         TripRows::Writer writer(trips.database(), Table::CostItems, 1);
         QString error;

@@ -295,6 +295,25 @@ private Q_SLOTS:
         QCOMPARE(trips.statuses, QStringList());
     }
 
+    void tripDeletedElsewhereIsTold()
+    {
+        Workspace workspace;
+        DialogRobot robot;
+        const QString path = workspace.makeTrips();
+        insertWholeTrip(workspace, u"4471203"_s);
+        const TripsWindow trips(path);
+        trips.clicksTrip(0);
+        workspace.execute(u"DELETE FROM trips"_s);
+        const QList<int> before = rowCounts(workspace);
+        expectYesTwice(robot, u"Trip 4471203 (ID 1)"_s);
+        robot.expect(DialogRobot::Critical, failureTitle,
+                     u"Could not delete trip:\nNo trip was deleted. It may have already been "
+                     "deleted."_s);
+        trips.clicks(deleteButton);
+        QCOMPARE(rowCounts(workspace), before);
+        QCOMPARE(trips.form().first(), u"1"_s);
+    }
+
     void newTripCannotBeDeleted()
     {
         Workspace workspace;

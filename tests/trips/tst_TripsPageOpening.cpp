@@ -227,20 +227,6 @@ private Q_SLOTS:
         QCOMPARE(QSqlDatabase::database(u"trips_connection"_s, false).databaseName(), older);
     }
 
-    void loadedTripStaysInTheFormWhenAnotherFileIsOpened()
-    {
-        Workspace workspace;
-        const QString older = workspace.makeTrips(u"older.db"_s);
-        const QString path = workspace.makeTrips();
-        insertWorkedTrip(workspace, u"4471203"_s);
-        const TripsWindow trips(path);
-        trips.clicksTrip(0);
-        const QStringList loaded = trips.form();
-        trips.page->openDatabase(older);
-        QCOMPARE(trips.form(), loaded);
-        QCOMPARE(trips.form().first(), u"1"_s);
-    }
-
     void pageThatGoesClosesItsFileAndLeavesTheName()
     {
         Workspace workspace;

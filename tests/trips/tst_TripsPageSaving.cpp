@@ -323,18 +323,23 @@ private Q_SLOTS:
         QCOMPARE(trips.named<QTableWidget>("fuelGrid")->rowCount(), 1);
     }
 
-    void tripDeletedElsewhereIsStillReportedAsUpdated()
+    void tripDeletedElsewhereIsToldAndItsRowsAreNotWritten()
     {
         Workspace workspace;
+        DialogRobot robot;
         const QString path = workspace.makeTrips();
         insertWorkedTrip(workspace, u"4471203"_s);
         const TripsWindow trips(path);
         trips.clicksTrip(0);
         workspace.execute(u"DELETE FROM trips"_s);
+        workspace.execute(u"DELETE FROM trip_stops"_s);
+        robot.expect(DialogRobot::Critical, u"Update Trip Failed"_s,
+                     u"No trip was updated. It may have already been deleted."_s);
         trips.clicks(saveButton);
-        QCOMPARE(trips.statuses.first(), u"Updated trip: 4471203"_s);
-        QCOMPARE(trips.list()->rowCount(), 0);
+        QCOMPARE(trips.statuses, QStringList());
+        QCOMPARE(trips.form().first(), u"1"_s);
         QCOMPARE(workspace.value(u"SELECT COUNT(*) FROM trips"_s).toInt(), 0);
+        QCOMPARE(workspace.value(u"SELECT COUNT(*) FROM trip_stops"_s).toInt(), 0);
     }
 
     void failedUpdateIsToldAndNothingElseGoesOn()

@@ -56,6 +56,7 @@ void FuelEditor::setFuelEditMode(bool on)
 void FuelEditor::loadFuelRows(int tripId)
 {
     grid->setRowCount(0);
+    storedRows.startReading(tripId);
     updateFuelTotals();
     if (!context.tripsDatabase.isOpen() || tripId <= 0)
         return;
@@ -66,6 +67,7 @@ void FuelEditor::loadFuelRows(int tripId)
         QMessageBox::critical(this, tr("Load Fuel Details Failed"), error);
         return;
     }
+    storedRows.finishReading();
     grid->setUpdatesEnabled(false);
     for (const TripRows::FuelRow &row : std::as_const(rows))
         grid->appendRow(row);
@@ -76,7 +78,9 @@ void FuelEditor::loadFuelRows(int tripId)
 
 void FuelEditor::saveFuelRows(int tripId)
 {
-    if (!context.tripsDatabase.isOpen() || tripId <= 0 || !ensureTable() || !hasOnlyFuelTypes())
+    if (!context.tripsDatabase.isOpen() || tripId <= 0
+        || !storedRows.allowsSave(this, tr("Save Fuel Details Failed")) || !ensureTable()
+        || !hasOnlyFuelTypes())
         return;
     TripRows::Writer writer(context.tripsDatabase, TripRows::Table::Fuel, tripId);
     QString error;
@@ -153,6 +157,10 @@ void FuelEditor::saveFuelRowsClicked()
                                  tr("Load or save a trip before saving fuel rows."));
         return;
     }
+    // The rows and the costs that follow from them are saved together or not at all.
+    const QString refused = tr("Save Fuel Details Failed");
+    if (!storedRows.allowsSave(this, refused) || !costItems->guard().allowsSave(this, refused))
+        return;
     grid->updatePrices();
     syncFuelCostItems();
     costItems->saveItems(tripId);

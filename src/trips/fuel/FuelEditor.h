@@ -2,6 +2,7 @@
 
 #include "pdfimport/SettlementParser.h"
 #include "trips/TripRows.h"
+#include "trips/grids/StoredRowsGuard.h"
 
 #include <QGroupBox>
 
@@ -31,7 +32,11 @@ public:
     /// Rewrites the rows of a trip in the file. Rows of no fuel type are refused before anything
     /// is written; a statement that fails later leaves the rows before it written and the rest gone
     /// from the file. The grid keeps all of them.
+    /// Rows that could not be read are not rewritten.
     void saveFuelRows(int tripId);
+
+    /// Whether the fuel rows of the trip were read, so that a save may take their place.
+    [[nodiscard]] const StoredRowsGuard &guard() const { return storedRows; }
 
     /// Replaces the cost items that belong to fuel by those that follow from the rows.
     void syncFuelCostItems();
@@ -53,6 +58,7 @@ private:
     void updateFuelTotals();
 
     const TripContext &context;
+    StoredRowsGuard storedRows;
     ItemEditor *costItems;
     QPushButton *editButton = nullptr;
     std::array<QPushButton *, 3> editingButtons = {};

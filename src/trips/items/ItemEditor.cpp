@@ -49,6 +49,7 @@ void ItemEditor::loadNames()
 void ItemEditor::loadItems(int tripId)
 {
     grid->setRowCount(0);
+    storedRows.startReading(tripId);
     updateItemTotals();
     if (!context.tripsDatabase.isOpen() || tripId <= 0)
         return;
@@ -58,6 +59,7 @@ void ItemEditor::loadItems(int tripId)
         QMessageBox::critical(this, texts.loadFailed, error);
         return;
     }
+    storedRows.finishReading();
     grid->setUpdatesEnabled(false);
     for (const TripRows::ItemRow &item : std::as_const(items))
         grid->appendItem(item);
@@ -68,7 +70,8 @@ void ItemEditor::loadItems(int tripId)
 
 void ItemEditor::saveItems(int tripId)
 {
-    if (!context.tripsDatabase.isOpen() || tripId <= 0)
+    if (!context.tripsDatabase.isOpen() || tripId <= 0
+        || !storedRows.allowsSave(this, texts.saveFailed))
         return;
     TripRows::Writer writer(context.tripsDatabase, texts.table, tripId);
     QString error;

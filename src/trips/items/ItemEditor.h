@@ -1,5 +1,6 @@
 #pragma once
 
+#include "trips/grids/StoredRowsGuard.h"
 #include "trips/items/ItemTexts.h"
 
 #include <QGroupBox>
@@ -25,8 +26,12 @@ public:
     void loadItems(int tripId);
 
     /// Rewrites the items of a trip in the file. A save that fails tells so, leaves the rows before
-    /// the failing one written and the rest gone from the file; the grid keeps all of them.
+    /// the failing one written and the rest gone from the file; the grid keeps all of them. Items
+    /// that could not be read are not rewritten.
     void saveItems(int tripId);
+
+    /// Whether the items of the trip were read, so that a save may take their place.
+    [[nodiscard]] const StoredRowsGuard &guard() const { return storedRows; }
 
     /// The sum of the grid in dollars, not rounded.
     [[nodiscard]] double itemTotal() const;
@@ -51,6 +56,7 @@ private:
 
     const ItemTexts texts;
     const TripContext &context;
+    StoredRowsGuard storedRows;
     ItemGrid *grid = nullptr;
     QLabel *totalLine = nullptr;
 };

@@ -47,6 +47,7 @@ void StopsEditor::refreshLocationConnection()
 void StopsEditor::loadStops(int tripId)
 {
     grid->setRowCount(0);
+    storedRows.startReading(tripId);
     updateStopsSummary();
     if (!context.tripsDatabase.isOpen() || tripId <= 0)
         return;
@@ -57,6 +58,7 @@ void StopsEditor::loadStops(int tripId)
         QMessageBox::critical(this, tr("Load Stops Failed"), error);
         return;
     }
+    storedRows.finishReading();
     grid->setUpdatesEnabled(false);
     grid->rescaleForStops(); // a new box takes the width that its column has by then
     for (const TripRows::StopRow &stop : std::as_const(stops))
@@ -69,7 +71,8 @@ void StopsEditor::loadStops(int tripId)
 // behind it out of the file; the grid holds them for the next save.
 void StopsEditor::saveStops(int tripId)
 {
-    if (!context.tripsDatabase.isOpen() || tripId <= 0 || !ensureWindowColumns())
+    if (!context.tripsDatabase.isOpen() || tripId <= 0
+        || !storedRows.allowsSave(this, tr("Save Stops Failed")) || !ensureWindowColumns())
         return;
     TripRows::Writer writer(context.tripsDatabase, TripRows::Table::Stops, tripId);
     QString error;

@@ -2,6 +2,7 @@
 
 #include "trips/TripArithmetic.h"
 #include "trips/TripRows.h"
+#include "trips/grids/StoredRowsGuard.h"
 #include "trips/stops/LocationCodes.h"
 
 #include <QGroupBox>
@@ -28,7 +29,11 @@ public:
 
     /// Rewrites the stops of a trip in the file. A save that fails tells so, leaves the stops
     /// before the failing one written and the rest gone from the file; the grid keeps all of them.
+    /// Stops that could not be read are not rewritten.
     void saveStops(int tripId);
+
+    /// Whether the stops of the trip were read, so that a save may take their place.
+    [[nodiscard]] const StoredRowsGuard &guard() const { return storedRows; }
 
     /// The stops as the hours of the trip see them, saved or not.
     [[nodiscard]] QList<TripArithmetic::TripStopTiming> stopsFromGrid() const;
@@ -48,6 +53,7 @@ private:
 
     const TripContext &context;
     LocationCodes locations;
+    StoredRowsGuard storedRows;
     StopsGrid *grid = nullptr;
     QLabel *summary = nullptr;
 };

@@ -1,3 +1,4 @@
+#include "data/DatabaseLocator.h"
 #include "support/DialogRobot.h"
 #include "support/RowMakers.h"
 #include "support/TestProgram.h"
@@ -387,14 +388,13 @@ private Q_SLOTS:
     void fileThatIsNoLongerOpenIsLeftAlone()
     {
         Workspace workspace;
-        DialogRobot robot;
         const QString path = makeTripWithFuel(workspace);
         const QByteArray before = workspace.bytes(u"trips.db"_s);
         FuelWindow window(path);
         window.clicksTrip(0);
         window.clicks(editButton);
         typesIntoCell(window.grid(), 0, FuelGrid::CostColumn, u"500"_s);
-        window.losesItsFile(robot);
+        DatabaseLocator::closeAllSqliteConnections();
         window.statuses.clear();
         window.clicks(saveButton);
         QCOMPARE(column(window.grid(), u"Cost"_s), QStringList({u"$500.00"_s}));

@@ -1,3 +1,4 @@
+#include "data/DatabaseLocator.h"
 #include "support/DialogRobot.h"
 #include "support/RowMakers.h"
 #include "support/TestProgram.h"
@@ -276,13 +277,12 @@ private Q_SLOTS:
     {
         QFETCH_GLOBAL(const ItemTwin, twin);
         Workspace workspace;
-        DialogRobot robot;
         const QString path = makeTripWithLayover(workspace, twin);
         const QByteArray before = workspace.bytes(u"trips.db"_s);
         ItemsWindow window(twin, path);
         window.clicksTrip(0);
         window.typesAmount(0, u"75"_s);
-        window.losesItsFile(robot);
+        DatabaseLocator::closeAllSqliteConnections();
         window.statuses.clear();
         window.clicks(twin.saveButton);
         QCOMPARE(window.items(), QList<QStringList>({{u"Layover"_s, u"$75.00"_s}}));
