@@ -5,11 +5,15 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QLocale>
 
 using namespace Qt::StringLiterals;
 
 void setUpApplication()
 {
+    // Files, trade and input are dollars with a point, whatever the desktop's locale writes.
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+
     QApplication::setOrganizationName(u"Brindle Path LLC"_s);
     QApplication::setApplicationName(u"Brindlepath Desk"_s);
 

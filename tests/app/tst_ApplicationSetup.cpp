@@ -16,6 +16,7 @@ class tst_ApplicationSetup : public QObject
 
 private Q_SLOTS:
     void applicationGoesByItsNames();
+    void figuresAreThoseOfTheTrade();
     void fontFollowsTheSavedScaleUnclamped_data();
     void fontFollowsTheSavedScaleUnclamped();
     void withoutASavedScaleTheFontHasTenPoints();
@@ -29,6 +30,14 @@ void tst_ApplicationSetup::applicationGoesByItsNames()
     setUpApplication();
     QCOMPARE(QApplication::organizationName(), u"Brindle Path LLC"_s);
     QCOMPARE(QApplication::applicationName(), u"Brindlepath Desk"_s);
+}
+
+void tst_ApplicationSetup::figuresAreThoseOfTheTrade()
+{
+    const Workspace workspace;
+    QLocale::setDefault(QLocale(QLocale::French, QLocale::Canada));
+    setUpApplication();
+    QCOMPARE(QLocale().toCurrencyString(1234.5), u"$1,234.50"_s);
 }
 
 void tst_ApplicationSetup::fontFollowsTheSavedScaleUnclamped_data()

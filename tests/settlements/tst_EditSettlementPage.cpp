@@ -113,6 +113,28 @@ private Q_SLOTS:
         QCOMPARE(offeredBy(view.name()), QStringList({u"Bonus"_s, u"ELD"_s, u"Permit"_s}));
     }
 
+    void amountIsLoadedFromTheFileWhateverTheLocaleShows_data()
+    {
+        QTest::addColumn<QLocale>("locale");
+        for (const char *name : {"de_DE", "fr_CA", "ar_EG", "C"})
+            QTest::newRow(name) << QLocale(QString::fromLatin1(name));
+    }
+
+    void amountIsLoadedFromTheFileWhateverTheLocaleShows()
+    {
+        QFETCH(const QLocale, locale);
+        const auto restored = qScopeGuard([] { QLocale::setDefault(QLocale::system()); });
+        QLocale::setDefault(locale);
+        Workspace workspace;
+        const QString path = workspace.makeTrips();
+        expense(u"04/18/2026"_s, u"Insurance"_s, 1234.5).insert(workspace);
+        const SettlementWindow view(path);
+        view.clicksItem(0);
+        QCOMPARE(view.amount()->text(), u"1234.50"_s);
+        view.clicks(u"Save Item"_s);
+        QCOMPARE(workspace.value(u"SELECT amount FROM settlement_non_trip_items"_s), 1234.5);
+    }
+
     void itemReachedByKeyboardIsLoadedIntoTheEditor()
     {
         Workspace workspace;

@@ -59,6 +59,7 @@ private Q_SLOTS:
     void timeThatTheClockSkipsIsSavedAndShownAsWritten()
     {
         Workspace workspace;
+        const DialogRobot robot;
         const TimeZone clock(u"America/Chicago"_s);
         const StopsWindow window(makeTrip(workspace));
         window.clicksTrip(0);
