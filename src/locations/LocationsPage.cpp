@@ -286,7 +286,8 @@ void LocationsPage::deleteLocation()
         return;
     }
     const auto answer =
-        QMessageBox::question(this, tr("Confirm Delete"), tr("Delete location '%1'?").arg(code));
+        QMessageBox::question(this, tr("Confirm Delete"), tr("Delete location '%1'?").arg(code),
+                              QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
     if (answer != QMessageBox::Yes)
         return;
     QString error;

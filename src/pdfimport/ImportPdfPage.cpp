@@ -286,7 +286,7 @@ bool ImportPdfPage::passesFinalDryRun()
     const QString title = tr("Final Import Confirmation");
     if (QMessageBox::question(
             this, title, ImportTexts::resultText(result, title) + ImportTexts::confirmationText(),
-            QMessageBox::Yes | QMessageBox::No)
+            QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
         != QMessageBox::Yes) {
         statusLabel->setText(
             tr("Import cancelled after dry-run preview. No database rows were written."));

@@ -371,7 +371,8 @@ void EditSettlementPage::deleteItem()
         this, tr("Confirm Delete"),
         tr("Delete selected settlement item?\n\nID: %1\nName: %2\n\nThis deletes only this one "
            "non-trip settlement row.")
-            .arg(QString::number(id), name));
+            .arg(QString::number(id), name),
+        QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
     if (answer != QMessageBox::Yes)
         return;
     QString error;

@@ -200,7 +200,7 @@ private Q_SLOTS:
         QStringList buttons = question.buttons;
         buttons.sort(); // each style has its own order
         QCOMPARE(buttons, QStringList({u"No"_s, u"Yes"_s}));
-        QCOMPARE(question.defaultButton, QString());
+        QCOMPARE(question.defaultButton, u"No"_s);
     }
 
     void anyAnswerButYesWritesNothing_data()

@@ -36,6 +36,7 @@ private Q_SLOTS:
         expectQuestion(robot).press(u"Yes"_s);
         view.clicks(u"Delete Selected"_s);
         QCOMPARE(robot.seen().first().buttons, QStringList({u"Yes"_s, u"No"_s}));
+        QCOMPARE(robot.seen().first().defaultButton, u"No"_s);
         QCOMPARE(storedItems(workspace), QList<QStringList>({storedBonus}));
         QCOMPARE(column(view.table(), u"Name"_s), QStringList({u"Bonus"_s}));
         QCOMPARE(view.summary(), u"Summary for 04/18/2026: Revenue $250.00 | Expenses $0.00 | "

@@ -143,7 +143,7 @@ void ImportHistoryPage::deleteSelectedHistoryRow()
         + tr("\n\nThis removes only the audit/history entry.\nIt does NOT delete trips, "
              "settlement rows, locations, or imported data.");
     if (QMessageBox::question(this, tr("Delete Activity History Row"), question,
-                              QMessageBox::Yes | QMessageBox::No)
+                              QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
         != QMessageBox::Yes)
         return;
     QString error;

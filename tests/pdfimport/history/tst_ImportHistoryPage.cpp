@@ -364,7 +364,7 @@ private Q_SLOTS:
         QStringList buttons = robot.seen().first().buttons;
         buttons.sort(); // each style has its own order
         QCOMPARE(buttons, QStringList({u"No"_s, u"Yes"_s}));
-        QCOMPARE(robot.seen().first().defaultButton, QString());
+        QCOMPARE(robot.seen().first().defaultButton, u"No"_s);
         QCOMPARE(historyIds(workspace), QList<QStringList>({{u"1"_s}, {u"2"_s}}));
         QCOMPARE(history.details(), exportDetails);
         QCOMPARE(history.statuses, QStringList());
