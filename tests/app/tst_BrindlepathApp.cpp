@@ -92,6 +92,10 @@ void tst_BrindlepathApp::formLeavesOnlyItsBars()
     QVERIFY(toolBar);
     QCOMPARE(toolBar->actions().size(), 0);
     QCOMPARE(window.toolBarArea(toolBar), Qt::TopToolBarArea);
+    QVERIFY(!toolBar->isMovable());
+    QVERIFY(!toolBar->isFloatable());
+    // Its menu, which a right click on it or the menu bar opens, could hide it for good.
+    QCOMPARE(window.contextMenuPolicy(), Qt::NoContextMenu);
     QCOMPARE(window.size(), QSize(600, 400));
 }
 
