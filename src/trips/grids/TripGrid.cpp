@@ -113,6 +113,17 @@ QString TripGrid::boxText(int row, int column) const
     return kept.isEmpty() ? cellText(row, column).trimmed() : kept;
 }
 
+// A view forgets the boxes of rows that go, but not their addresses (Qt 6.4). The editor of a cell
+// that later comes to lie at one would never close, and no other cell could be edited.
+void TripGrid::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
+{
+    for (int row = start; row <= end; ++row) {
+        for (int column = 0; column < columnCount(); ++column)
+            removeCellWidget(row, column);
+    }
+    QTableWidget::rowsAboutToBeRemoved(parent, start, end);
+}
+
 int TripGrid::keepBelow(const QWidget *box, int column, const QVariant &value)
 {
     for (int row = 0; row < rowCount(); ++row) {

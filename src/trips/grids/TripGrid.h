@@ -50,6 +50,8 @@ protected:
     /// later, and tells of its text once more when it loses the focus.
     int keepBelow(const QWidget *box, int column, const QVariant &value);
 
+    void rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end) override;
+
 private:
     void fitBox(int row, int column);
     void setWidths(int percent);

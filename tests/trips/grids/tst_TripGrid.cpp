@@ -1,0 +1,100 @@
+#include "support/TestProgram.h"
+#include "support/Workspace.h"
+#include "trips/grids/GridHands.h"
+#include "trips/grids/TripGrid.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// As large as the line in which a cell is edited, so that one soon comes to lie where it lay.
+class RoomyBox : public QComboBox
+{
+    [[maybe_unused]] qint64 room = 0;
+};
+
+/// A grid whose rows are a box and a cell with text.
+class BoxedGrid : public TripGrid
+{
+public:
+    BoxedGrid()
+        : TripGrid({{u"Name"_s, 120}, {u"Amount"_s, 120}}, 90, nullptr)
+    {
+        Person::shows(*this);
+    }
+
+    void appendRow()
+    {
+        const int row = rowCount();
+        insertRow(row);
+        putBox(row, 0, new RoomyBox, {});
+        putMoney(row, 1, 0.0);
+    }
+
+    void changeBox(int row) { putBox(row, 0, new RoomyBox, {}); }
+};
+
+using Emptying = void (*)(BoxedGrid &grid);
+
+// Rows that went take their boxes along only now.
+void letBoxesGo()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+} // namespace
+
+/// What the grids of a trip have in common.
+class tst_TripGrid : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cellsCanBeEditedWhateverBecameOfEarlierRows_data()
+    {
+        QTest::addColumn<Emptying>("emptied");
+        QTest::newRow("loaded anew") << +[](BoxedGrid &grid) { grid.setRowCount(0); };
+        QTest::newRow("row by row") << +[](BoxedGrid &grid) {
+            while (grid.rowCount() > 0)
+                grid.removeRow(0);
+        };
+        QTest::newRow("with other boxes") << +[](BoxedGrid &grid) {
+            for (int row = 0; row < grid.rowCount(); ++row)
+                grid.changeBox(row);
+            grid.setRowCount(0);
+        };
+    }
+
+    void cellsCanBeEditedWhateverBecameOfEarlierRows()
+    {
+        QFETCH(const Emptying, emptied);
+        const Workspace workspace;
+        BoxedGrid grid;
+        for (int round = 0; round < 100; ++round) {
+            emptied(grid);
+            for (int row = 0; row < 5; ++row)
+                grid.appendRow();
+            letBoxesGo();
+            typesIntoCell(&grid, 0, 1, u"45"_s);
+            QCOMPARE(grid.cellText(0, 1), u"45"_s);
+            QCOMPARE(grid.viewport()->findChildren<QLineEdit *>(Qt::FindDirectChildrenOnly).size(),
+                     0);
+        }
+    }
+
+    void rowTakesItsBoxAlong()
+    {
+        const Workspace workspace;
+        BoxedGrid grid;
+        grid.appendRow();
+        grid.appendRow();
+        const QComboBox *second = boxAt(&grid, 1, 0);
+        grid.removeRow(0);
+        letBoxesGo();
+        QCOMPARE(boxAt(&grid, 0, 0), second);
+        QCOMPARE(grid.viewport()->findChildren<QComboBox *>().size(), 1);
+    }
+};
+
+TEST_CLASS(tst_TripGrid)
+#include "tst_TripGrid.moc"
