@@ -1,10 +1,10 @@
 #include "settlements/SettlementItemForm.h"
 
 #include "data/DomainRules.h"
+#include "ui/NameBox.h"
 #include "ui/WheelGuard.h"
 
 #include <QComboBox>
-#include <QCompleter>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -27,14 +27,9 @@ void SettlementItemForm::buildRows()
     kindBox->setObjectName(u"settlementItemKind"_s);
     kindBox->addItems({u"revenue"_s, u"expense"_s});
     guardFromWheel(kindBox);
-    nameBox = new QComboBox(this);
+    nameBox = new NameBox(this);
     nameBox->setObjectName(u"settlementItemName"_s);
-    nameBox->setEditable(true);
-    nameBox->setInsertPolicy(QComboBox::NoInsert);
     nameBox->setMinimumWidth(220);
-    // Completion in the line itself would turn a new, shorter name into an old, longer one.
-    nameBox->completer()->setCompletionMode(QCompleter::PopupCompletion);
-    guardFromWheel(nameBox);
     amountField = new QLineEdit(this);
     amountField->setObjectName(u"settlementItemAmount"_s);
 

@@ -5,7 +5,6 @@
 #include "support/Workspace.h"
 
 #include <QComboBox>
-#include <QCompleter>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -111,13 +110,15 @@ private Q_SLOTS:
         QCOMPARE(offeredBy(view.name()), QStringList({u"Permit"_s, u"Tolls"_s}));
     }
 
-    void offeredNamesAreProposedBesideTheTextAndNotWithinIt()
+    void nameIsTypedInItsOwnLetters()
     {
         const Workspace workspace;
         const FormWindow view;
         view.form->offerNames({u"Permit renewal"_s});
-        QCOMPARE(view.name()->completer()->completionMode(), QCompleter::PopupCompletion);
-        QCOMPARE(view.name()->completer()->caseSensitivity(), Qt::CaseInsensitive);
+        QCOMPARE(view.name()->completer(), nullptr);
+        view.types(u"permit Renewal"_s);
+        QTest::keyClick(view.name()->lineEdit(), Qt::Key_Return);
+        QCOMPARE(view.form->name(), u"permit Renewal"_s);
     }
 
     void amountIsReadAsMoney_data()

@@ -57,9 +57,9 @@ Workspace::Workspace()
     : previousFolder(QDir::currentPath())
 {
     // Of itself the offscreen platform warns whenever the least size of a window changes or a
-    // tooltip comes up.
-    QTest::failOnWarning(
-        QRegularExpression(u"^(?!This plugin does not support (propagateSizeHints|raise))"_s));
+    // tooltip or a list comes up.
+    QTest::failOnWarning(QRegularExpression(
+        u"^(?!This plugin does not support (propagateSizeHints|raise|grabbing))"_s));
     QDir::setCurrent(folder.path());
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, path(u"settings"_s));
 }

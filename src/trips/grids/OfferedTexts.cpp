@@ -1,9 +1,7 @@
 #include "trips/grids/OfferedTexts.h"
 
-#include "ui/WheelGuard.h"
+#include "ui/NameBox.h"
 
-#include <QComboBox>
-#include <QCompleter>
 #include <QStringListModel>
 
 void OfferedTexts::setList(const QStringList &newTexts)
@@ -16,19 +14,14 @@ void OfferedTexts::setList(const QStringList &newTexts)
 
 QComboBox *OfferedTexts::makeBox(const QString &text, int leastLength) const
 {
-    auto *box = new QComboBox;
-    box->setEditable(true);
-    box->setInsertPolicy(QComboBox::NoInsert);
+    auto *box = new NameBox;
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(leastLength);
-    // Completion in the line itself would turn a new, shorter name into an old, longer one.
-    box->completer()->setCompletionMode(QCompleter::PopupCompletion);
     if (model) {
         box->setModel(model.get());
         // Holds the model for as long as the box stands.
         QObject::connect(box, &QObject::destroyed, box, [keep = model] {});
     }
-    guardFromWheel(box);
     showInBox(box, text);
     return box;
 }

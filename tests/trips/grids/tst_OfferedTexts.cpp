@@ -4,8 +4,6 @@
 #include "trips/grids/GridHands.h"
 #include "trips/grids/OfferedTexts.h"
 
-#include <QCompleter>
-
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -93,12 +91,15 @@ private Q_SLOTS:
         QCOMPARE(offeredBy(box.get()), QStringList({u"DAL4"_s, u"KC1"_s}));
     }
 
-    void entriesThatFitAreListedBelowTheLineNotTypedIntoIt()
+    void textIsTypedInItsOwnLetters()
     {
         const Workspace workspace;
         const auto box = madeBox(offeredCodes(), {});
-        QCOMPARE(box->completer()->completionMode(), QCompleter::PopupCompletion);
-        QCOMPARE(box->completer()->caseSensitivity(), Qt::CaseInsensitive);
+        Person::shows(*box);
+        QCOMPARE(box->completer(), nullptr);
+        Person::types(box->lineEdit(), u"kc1"_s);
+        QTest::keyClick(box->lineEdit(), Qt::Key_Return);
+        QCOMPARE(box->currentText(), u"kc1"_s);
     }
 
     void typedTextIsNotAddedToTheList()
