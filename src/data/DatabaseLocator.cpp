@@ -21,9 +21,28 @@ bool isOpenSqlite(const QSqlDatabase &database)
            && database.driverName().compare(sqliteDriver, Qt::CaseInsensitive) == 0;
 }
 
+// Qt lists connections as its hash has them, which is another way at every start. With files of the
+// same name in use on several pages, the one of the Trips page is meant, then that of the others.
+QStringList connectionNamesInOrder()
+{
+    QStringList ordered = {
+        u"trips_connection"_s,
+        u"settlement_trips_connection"_s,
+        u"view_payweek_trips_connection"_s,
+        u"pay_totals_trips_connection"_s,
+        u"trips_page_locations_connection"_s,
+        u"locations_connection"_s,
+    };
+    ordered.removeIf([](const QString &name) { return !QSqlDatabase::contains(name); });
+    QStringList others = QSqlDatabase::connectionNames();
+    others.removeIf([&ordered](const QString &name) { return ordered.contains(name); });
+    others.sort();
+    return ordered + others;
+}
+
 QString pathHeldOpen(const QString &fileName)
 {
-    for (const QString &name : QSqlDatabase::connectionNames()) {
+    for (const QString &name : connectionNamesInOrder()) {
         const QSqlDatabase database = QSqlDatabase::database(name, false);
         if (!isOpenSqlite(database) || database.databaseName().trimmed().isEmpty())
             continue;
@@ -151,7 +170,7 @@ QSqlDatabase openLocationsDatabaseConnection(const QString &connectionName, QStr
 
 QSqlDatabase findTripsConnection()
 {
-    const QStringList registered = QSqlDatabase::connectionNames();
+    const QStringList registered = connectionNamesInOrder();
     const QStringList preferred = {u"trips_connection"_s, u"trips"_s, u"trips_db"_s,
                                    u"BrindlepathTrips"_s, u"qt_sql_default_connection"_s};
     for (const QString &name : preferred + registered) {

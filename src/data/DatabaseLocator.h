@@ -20,7 +20,8 @@ QString findDatabaseNearApplication(const QString &fileName);
 QString findDatabaseOrDefaultPath(const QString &fileName);
 
 /// The path of the trips file in use: the one that some connection holds open, wherever it lies,
-/// or else the one found near the application. Empty if there is neither.
+/// or else the one found near the application. Of several held open it is the Trips page's, then
+/// that of the other pages in their order, then any other by name. Empty if there is none.
 QString currentTripsDatabasePath();
 
 /// The same for the locations file.
@@ -56,7 +57,8 @@ QSqlDatabase openTripsDatabaseConnection(const QString &connectionName, QString 
 QSqlDatabase openLocationsDatabaseConnection(const QString &connectionName, QString &error);
 
 /// The connection that reports borrow: the first open one among the names that a trips file goes
-/// by, or else the first open one of all, whatever file it is on. Invalid if none is open.
+/// by, or else the first open one of all, the pages' before others, whatever file it is on. Invalid
+/// if none is open.
 QSqlDatabase findTripsConnection();
 
 /// Keeps only letters and digits (in Unicode's sense) and underscores, in order.

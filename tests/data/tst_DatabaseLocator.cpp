@@ -1,5 +1,4 @@
 #include "data/DatabaseLocator.h"
-#include "data/OtherDriver.h"
 #include "data/SqlStatement.h"
 #include "support/TestConnection.h"
 #include "support/TestProgram.h"
@@ -160,65 +159,6 @@ private Q_SLOTS:
         QCOMPARE(findDatabaseOrDefaultPath(tripsFileName), expected);
         QVERIFY(!QFile::exists(expected));
         QCOMPARE(filesIn(workspace), QStringList());
-    }
-
-    void aFileHeldOpenElsewhereIsTheOneInUse()
-    {
-        Workspace workspace;
-        workspace.makeTrips();
-        workspace.makeLocations();
-        const QString trips = workspace.makeTrips(u"truck12/TRIPS.DB"_s);
-        const QString locations = workspace.makeLocations(u"truck12/Locations.db"_s);
-        {
-            const TestConnection page(trips, u"page"_s);
-            const TestConnection locationsPage(locations, u"locations_page"_s);
-            QCOMPARE(currentTripsDatabasePath(), trips);
-            QCOMPARE(currentLocationsDatabasePath(), locations);
-        }
-        QCOMPARE(currentTripsDatabasePath(), workspace.path(u"trips.db"_s));
-        QCOMPARE(currentLocationsDatabasePath(), workspace.path(u"locations.db"_s));
-    }
-
-    void connectionsOfAnotherDriverDoNotCount()
-    {
-        Workspace workspace;
-        const QString near = workspace.makeTrips();
-        const OtherDriver other(workspace.makeTrips(u"truck12/trips.db"_s));
-        QCOMPARE(currentTripsDatabasePath(), near);
-        closeAllSqliteConnections();
-        QVERIFY(other.isOpen());
-    }
-
-    void ofTwoTripsFilesTheFirstReportedIsInUse()
-    {
-        Workspace workspace;
-        const TestConnection first(workspace.makeTrips(u"truck12/trips.db"_s), u"a page"_s);
-        const TestConnection second(workspace.makeTrips(u"truck7/trips.db"_s), u"b page"_s);
-        const QSqlDatabase reportedFirst =
-            QSqlDatabase::database(QSqlDatabase::connectionNames().constFirst(), false);
-        QCOMPARE(currentTripsDatabasePath(), reportedFirst.databaseName());
-    }
-
-    void thePathInUseIsAbsolute()
-    {
-        Workspace workspace;
-        const QString trips = workspace.makeTrips(u"truck12/trips.db"_s);
-        const TestConnection page(u"truck12/trips.db"_s);
-        QCOMPARE(currentTripsDatabasePath(), trips);
-    }
-
-    void connectionsThatAreClosedOrOnOtherFilesDoNotCount()
-    {
-        Workspace workspace;
-        workspace.makeTrips();
-        TestConnection closed(workspace.makeTrips(u"truck12/trips.db"_s), u"closed"_s);
-        closed.database().close();
-        const TestConnection temporary(u""_s, u"temporary"_s);
-        const TestConnection memory(u":memory:"_s, u"memory"_s);
-        const TestConnection other(workspace.makeTrips(u"truck12/old_trips.db"_s), u"other"_s);
-        const TestConnection inside(workspace.makeTrips(u"trips.db.d/a.db"_s), u"inside"_s);
-        QCOMPARE(currentTripsDatabasePath(), workspace.path(u"trips.db"_s));
-        QCOMPARE(currentLocationsDatabasePath(), QString());
     }
 
     void opensAFileUnderAName()
