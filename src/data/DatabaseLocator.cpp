@@ -40,13 +40,20 @@ QStringList connectionNamesInOrder()
     return ordered + others;
 }
 
-QString pathHeldOpen(const QString &fileName)
+QList<QFileInfo> filesHeldOpen()
 {
+    QList<QFileInfo> files;
     for (const QString &name : connectionNamesInOrder()) {
         const QSqlDatabase database = QSqlDatabase::database(name, false);
-        if (!isOpenSqlite(database) || database.databaseName().trimmed().isEmpty())
-            continue;
-        const QFileInfo file(database.databaseName());
+        if (isOpenSqlite(database) && !database.databaseName().trimmed().isEmpty())
+            files.append(QFileInfo(database.databaseName()));
+    }
+    return files;
+}
+
+QString pathHeldOpen(const QString &fileName)
+{
+    for (const QFileInfo &file : filesHeldOpen()) {
         if (file.fileName().compare(fileName, Qt::CaseInsensitive) == 0)
             return file.absoluteFilePath();
     }
@@ -108,6 +115,18 @@ QString currentLocationsDatabasePath()
 bool isSameFile(const QString &path, const QString &otherPath)
 {
     return !path.isEmpty() && !otherPath.isEmpty() && QFileInfo(path) == QFileInfo(otherPath);
+}
+
+QStringList databasesInUse()
+{
+    QStringList paths;
+    for (const QFileInfo &file : filesHeldOpen())
+        paths.append(file.absoluteFilePath());
+    for (const QString &fileName : {tripsFileName, locationsFileName})
+        paths.append(findDatabaseNearApplication(fileName));
+    paths.removeAll(QString());
+    paths.removeDuplicates();
+    return paths;
 }
 
 bool openNamedConnection(QSqlDatabase &handle, const QString &connectionName, const QString &path,

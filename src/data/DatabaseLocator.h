@@ -2,6 +2,7 @@
 
 #include <QSqlDatabase>
 #include <QString>
+#include <QStringList>
 
 /// Finds the two database files near the application, and opens and releases the named
 /// connections to them. A page keeps one handle under one fixed name; everything else uses an
@@ -29,6 +30,10 @@ QString currentLocationsDatabasePath();
 
 /// Whether two paths lead to the same file. No path is the same as none.
 bool isSameFile(const QString &path, const QString &otherPath);
+
+/// The absolute paths of all files that connections hold open, and of the two that the program
+/// finds near the application.
+QStringList databasesInUse();
 
 /// Opens `path` under `connectionName`; whatever `handle` and that name held is closed first.
 /// On failure returns false with the driver's text, or "Database path is blank.", in `error`.

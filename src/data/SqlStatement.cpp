@@ -59,6 +59,12 @@ bool SqlStatement::firstValue(const QVariantList &values, QVariant &value, QStri
     return finish(error);
 }
 
+int SqlStatement::errorCode() const
+{
+    constexpr int primary = 0xff;
+    return query.lastError().nativeErrorCode().toInt() & primary;
+}
+
 QStringList SqlStatement::texts() const
 {
     QStringList row;

@@ -37,6 +37,10 @@ public:
     /// for "no row". The return value tells only whether the statement ran.
     bool firstValue(const QVariantList &values, QVariant &value, QString &error);
 
+    /// SQLite's primary result code (https://sqlite.org/rescode.html) if the statement could not be
+    /// prepared or failed before its first row, else 0.
+    [[nodiscard]] int errorCode() const;
+
     /// The current row's value as the file holds it; column 0 is the first.
     [[nodiscard]] QVariant value(int column) const { return query.value(column); }
     [[nodiscard]] QString text(int column) const { return query.value(column).toString(); }

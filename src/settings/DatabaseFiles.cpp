@@ -1,9 +1,15 @@
 #include "settings/DatabaseFiles.h"
 
+#include "data/DatabaseLocator.h"
+#include "settings/JournalFiles.h"
+#include "settings/WholeCopy.h"
+
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -25,7 +31,7 @@ QString pathWithoutLinkedFolders(const QFileInfo &file)
     return folder.isEmpty() ? file.absoluteFilePath() : QDir(folder).filePath(file.fileName());
 }
 
-// To remove the target first would leave nothing to copy. Letter case counts for nothing, as on
+// A file put in the place of its own copy would be gone. Letter case counts for nothing, as on
 // the file systems of Windows and macOS.
 bool isSameFile(const QFileInfo &source, const QFileInfo &target)
 {
@@ -49,12 +55,50 @@ QString backupPathOf(const QString &targetPath)
            + QDateTime::currentDateTime().toString(u"yyyyMMdd_hhmmss"_s);
 }
 
-bool keepBackupOf(const QString &targetPath, QString &errorOut)
+bool isInUse(const QFileInfo &file)
 {
-    const QString backupPath = backupPathOf(targetPath);
-    return QFile::copy(targetPath, backupPath)
-           || fail(errorOut,
-                   u"Could not create safety backup before replacing database:\n"_s + backupPath);
+    const QStringList inUse = DatabaseLocator::databasesInUse();
+    return std::ranges::any_of(
+        inUse, [&file](const QString &path) { return isSameFile(QFileInfo(path), file); });
+}
+
+// Neither a folder gives way nor a file in a folder that takes no other. What a program that was
+// cut off left beside the file is brought into it first: it is the last good copy until the new one
+// stands there, and would be the end of the new one then.
+bool makeReplaceable(const QString &targetPath, QString &errorOut)
+{
+    const QFileInfo target(targetPath);
+    if (target.exists()) {
+        const bool isFolder = target.isDir() && !target.isSymLink();
+        if (isFolder || !QFileInfo(target.absolutePath()).isWritable())
+            return fail(errorOut, u"Could not replace existing file:\n"_s + targetPath);
+        if (!JournalFiles::withContent(targetPath).isEmpty())
+            JournalFiles::finish(targetPath);
+    }
+    const QStringList left = JournalFiles::withContent(targetPath);
+    return left.isEmpty()
+           || fail(errorOut, u"Could not replace existing file:\n"_s + left.constFirst());
+}
+
+bool keepBackup(const QString &targetPath, const QString &backupPath)
+{
+    WholeCopy backup(backupPath);
+    return !QFile::exists(backupPath) && backup.takeFrom(targetPath, WholeCopy::Original::Goes)
+           && backup.putInPlace();
+}
+
+// With its last connection a file in WAL mode loses its WAL, so one that is still there belongs to
+// another program. Any other journal has nothing more to tell SQLite, and stays with the backup.
+bool removeReplaced(const QString &targetPath, const QString &backupPath)
+{
+    return !QFile::exists(targetPath + "-wal"_L1) && JournalFiles::move(targetPath, backupPath)
+           && QFile::remove(targetPath);
+}
+
+bool copyInto(const QString &sourcePath, const QString &targetPath)
+{
+    WholeCopy copy(targetPath);
+    return copy.takeFrom(sourcePath) && copy.putInPlace();
 }
 
 } // namespace
@@ -66,16 +110,22 @@ bool copyDatabaseFile(const QString &sourcePath, const QString &targetPath, QStr
         return fail(errorOut, u"Required source file does not exist:\n"_s + sourcePath);
     if (isSameFile(QFileInfo(sourcePath), QFileInfo(targetPath)))
         return fail(errorOut, u"Source and target file are the same:\n"_s + sourcePath);
-    if (!makeFolderOf(targetPath, errorOut))
+    if (isInUse(QFileInfo(targetPath)))
+        return fail(errorOut, u"Target file is a database in use:\n"_s + targetPath);
+    if (!makeFolderOf(targetPath, errorOut) || !makeReplaceable(targetPath, errorOut))
         return false;
-    if (QFile::exists(targetPath) && !QFile::remove(targetPath))
+    WholeCopy copy(targetPath);
+    const bool isWhole = copy.takeFrom(sourcePath);
+    if (isWhole && JournalFiles::remove(targetPath) && copy.putInPlace())
+        return true;
+    if (isWhole && QFile::exists(targetPath))
         return fail(errorOut, u"Could not replace existing file:\n"_s + targetPath);
-    return QFile::copy(sourcePath, targetPath)
-           || fail(errorOut,
-                   u"Could not copy file from:\n%1\n\nto:\n%2"_s.arg(sourcePath, targetPath));
+    return fail(errorOut,
+                u"Could not copy file from:\n%1\n\nto:\n%2"_s.arg(sourcePath, targetPath));
 }
 
-bool replaceDatabaseFile(const QString &sourcePath, const QString &targetPath, QString &errorOut)
+bool replaceDatabaseFile(const QString &sourcePath, const QString &targetPath, QString &errorOut,
+                         QString *backupOut)
 {
     errorOut.clear();
     if (!QFileInfo(sourcePath).isFile())
@@ -84,15 +134,19 @@ bool replaceDatabaseFile(const QString &sourcePath, const QString &targetPath, Q
         return fail(errorOut, u"Source and target database are the same file:\n"_s + sourcePath);
     if (!makeFolderOf(targetPath, errorOut))
         return false;
+    const QString backupPath = backupPathOf(targetPath);
     if (QFile::exists(targetPath)) {
-        if (!keepBackupOf(targetPath, errorOut))
-            return false;
-        if (!QFile::remove(targetPath))
+        if (!keepBackup(targetPath, backupPath))
+            return fail(errorOut, u"Could not create safety backup before replacing database:\n"_s
+                                      + backupPath);
+        if (backupOut)
+            *backupOut = backupPath;
+        if (!removeReplaced(targetPath, backupPath))
             return fail(errorOut,
                         u"Could not remove existing database after creating safety backup:\n"_s
                             + targetPath);
     }
-    return QFile::copy(sourcePath, targetPath)
+    return (JournalFiles::move(targetPath, backupPath) && copyInto(sourcePath, targetPath))
            || fail(errorOut,
                    u"Could not copy database from:\n%1\n\nto:\n%2"_s.arg(sourcePath, targetPath));
 }

@@ -74,7 +74,7 @@ const QMap<QString, QStringList> mayKnow = {
      {u"reports/charts"_s, u"reports/charts_core"_s, u"reports/totals_core"_s, u"data_core"_s,
       u"ui"_s}},
     {u"reports"_s, {u"reports/charts"_s, u"reports/charts_core"_s, u"reports_core"_s, u"ui"_s}},
-    {u"settings_core"_s, {}},
+    {u"settings_core"_s, {u"data_core"_s}},
     {u"settings"_s, {u"settings_core"_s, u"pdfimport/history_core"_s, u"data_core"_s, u"ui"_s}},
     {u"app_core"_s, {u"data_core"_s}},
     {u"app"_s,

@@ -101,6 +101,27 @@ private Q_SLOTS:
         QCOMPARE(currentTripsDatabasePath(), workspace.path(u"trips.db"_s));
         QCOMPARE(currentLocationsDatabasePath(), QString());
     }
+
+    void allFilesHeldOpenAndTheTwoNearTheProgramAreInUse()
+    {
+        Workspace workspace;
+        const QString trips = workspace.makeTrips();
+        const QString locations = workspace.makeLocations();
+        const QString elsewhere = workspace.makeTrips(u"truck12/july.db"_s);
+        const TestConnection page(trips, u"page"_s);
+        const TestConnection samePage(trips, u"same page"_s);
+        const TestConnection other(elsewhere, u"other"_s);
+        const TestConnection temporary(u""_s, u"temporary"_s);
+        QStringList inUse = databasesInUse();
+        inUse.sort();
+        QCOMPARE(inUse, QStringList({locations, trips, elsewhere}));
+    }
+
+    void withoutAnyFileNoneIsInUse()
+    {
+        const Workspace workspace;
+        QCOMPARE(databasesInUse(), QStringList());
+    }
 };
 
 TEST_CLASS_WITHOUT_WINDOWS(tst_DatabasesInUse)

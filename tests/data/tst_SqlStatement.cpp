@@ -106,6 +106,22 @@ private Q_SLOTS:
         QCOMPARE(visits, 1);
     }
 
+    void aFailureHasSqlitesCode()
+    {
+        const LoadsFile file;
+        QString error;
+        SqlStatement insert(file.database(), u"INSERT INTO loads (code) VALUES (?)"_s);
+        QVERIFY(insert.run({u"DOCK1"_s}, error));
+        QCOMPARE(insert.errorCode(), 0);
+        QVERIFY(!insert.run({u"DOCK1"_s}, error));
+        QCOMPARE(insert.errorCode(), 19); // SQLITE_CONSTRAINT
+        const TestConnection other(file.path(), u"other"_s);
+        other.execute(u"BEGIN EXCLUSIVE"_s);
+        QCOMPARE(SqlStatement(other.database(), u"SELECT 1 FROM nothing"_s).errorCode(), 1);
+        TestConnection locked(file.path(), u"locked"_s);
+        QCOMPARE(SqlStatement(locked.database(), u"SELECT 1 FROM loads"_s).errorCode(), 5);
+    }
+
     void nullAndQuotesAreStoredAsBound()
     {
         const LoadsFile file;

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "support/TestConnection.h"
+#include "support/Workspace.h"
+
+/// A database of 2000 trips of the same number, which takes many pages.
+inline QString makeManyTrips(Workspace &workspace, const QString &fileName, const QString &number)
+{
+    const QString path = workspace.makeTrips(fileName);
+    const TestConnection trips(path, QStringLiteral("many trips"));
+    trips.execute(
+        QStringLiteral("INSERT INTO trips (trip_no) WITH RECURSIVE row (i) AS (SELECT 1 UNION ALL "
+                       "SELECT i + 1 FROM row WHERE i < 2000) SELECT ? FROM row"),
+        {number});
+    return path;
+}
+
+/// What SQLite says of the file, and how many trips there are of which number: "ok: 2000 kept" if
+/// all is as it should be.
+inline QString tripsIn(const QString &path)
+{
+    const TestConnection trips(path, QStringLiteral("trips in a file"));
+    return trips.value(QStringLiteral("PRAGMA integrity_check")).toString() + QStringLiteral(": ")
+           + trips
+                 .value(QStringLiteral(
+                     "SELECT group_concat(trips, ', ') FROM (SELECT COUNT(*) || ' ' || trip_no AS "
+                     "trips FROM trips GROUP BY trip_no)"))
+                 .toString();
+}
