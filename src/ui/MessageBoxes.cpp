@@ -2,7 +2,10 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QLabel>
 #include <QMessageBox>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -15,8 +18,12 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         if (event->type() == QEvent::Polish) {
-            if (auto *box = qobject_cast<QMessageBox *>(watched))
+            if (auto *box = qobject_cast<QMessageBox *>(watched)) {
                 box->setTextFormat(Qt::PlainText);
+                // Which the box forgets for its informative text.
+                if (auto *more = box->findChild<QLabel *>(u"qt_msgbox_informativelabel"_s))
+                    more->setTextFormat(Qt::PlainText);
+            }
         }
         return QObject::eventFilter(watched, event);
     }

@@ -22,8 +22,10 @@ void tst_MessageBoxes::boxShowsMarkupAsItStands()
 {
     const Workspace workspace;
     QMessageBox box(QMessageBox::Warning, u"Trip"_s, u"<b>7"_s);
+    box.setInformativeText(u"<i>8"_s);
     box.show();
     QCOMPARE(box.findChild<QLabel *>(u"qt_msgbox_label"_s)->textFormat(), Qt::PlainText);
+    QCOMPARE(box.findChild<QLabel *>(u"qt_msgbox_informativelabel"_s)->textFormat(), Qt::PlainText);
 }
 
 void tst_MessageBoxes::otherLabelsKeepTheirFormat()
