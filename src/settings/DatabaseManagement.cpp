@@ -149,8 +149,9 @@ void DatabaseManagement::importDatabase(const Database &database)
     if (source.trimmed().isEmpty() || !confirmImport(database, source))
         return;
     QString error;
-    if (!copyIn(database, source, error)) {
-        QMessageBox::critical(this, tr("Import %1 Database Failed").arg(database.name), error);
+    QString backup;
+    if (!copyIn(database, source, error, backup)) {
+        showImportFailure(database, error, backup);
         return;
     }
     // For trips this is the log of the new file: the replaced one takes its history along.
@@ -161,7 +162,8 @@ void DatabaseManagement::importDatabase(const Database &database)
                                  .arg(database.name));
 }
 
-bool DatabaseManagement::copyIn(const Database &database, const QString &source, QString &error)
+bool DatabaseManagement::copyIn(const Database &database, const QString &source, QString &error,
+                                QString &backup)
 {
     const QString target = DatabaseLocator::findDatabaseOrDefaultPath(database.fileName);
     if (target.trimmed().isEmpty()) {
@@ -169,7 +171,18 @@ bool DatabaseManagement::copyIn(const Database &database, const QString &source,
         return false;
     }
     DatabaseLocator::closeAllSqliteConnections();
-    return DatabaseFiles::replaceDatabaseFile(source, target, error);
+    return DatabaseFiles::replaceDatabaseFile(source, target, error, &backup);
+}
+
+void DatabaseManagement::showImportFailure(const Database &database, const QString &error,
+                                           const QString &backup)
+{
+    QMessageBox box(QMessageBox::Critical, tr("Import %1 Database Failed").arg(database.name),
+                    error, QMessageBox::Ok, this);
+    if (!backup.isEmpty())
+        box.setInformativeText(
+            tr("A copy of %1 as it was before is kept as:\n%2").arg(database.fileName, backup));
+    box.exec();
 }
 
 bool DatabaseManagement::confirmOverwrite(const QString &path)

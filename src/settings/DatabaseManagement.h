@@ -32,7 +32,9 @@ private:
     void exportDatabase(const Database &database);
     static bool copyOut(const Database &database, const QString &target, QString &error);
     void importDatabase(const Database &database);
-    static bool copyIn(const Database &database, const QString &source, QString &error);
+    static bool copyIn(const Database &database, const QString &source, QString &error,
+                       QString &backup);
+    void showImportFailure(const Database &database, const QString &error, const QString &backup);
     bool confirmOverwrite(const QString &path);
     bool confirmImport(const Database &database, const QString &source);
 };

@@ -3,35 +3,10 @@
 #include <QByteArray>
 #include <QFile>
 
-#include <csignal>
 #include <cstdlib>
-#include <sys/resource.h>
 #include <unistd.h>
 
 // What makes the file system refuse, whoever runs the tests: to root no folder is read-only.
-
-/// While it lives no file can grow beyond `bytes`, as on a disk that is nearly full.
-class NearlyFullDisk
-{
-public:
-    explicit NearlyFullDisk(rlim_t bytes)
-        : handler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        ::getrlimit(RLIMIT_FSIZE, &before);
-        const rlimit lowered = {bytes, before.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &lowered);
-    }
-    ~NearlyFullDisk()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &before);
-        std::signal(SIGXFSZ, handler);
-    }
-    Q_DISABLE_COPY_MOVE(NearlyFullDisk)
-
-private:
-    void (*handler)(int);
-    rlimit before = {};
-};
 
 /// While it lives this process has only the rights of other people, even if root runs it.
 class Stranger

@@ -2,6 +2,7 @@
 #include "settings/DatabaseFiles.h"
 #include "settings/FailingFiles.h"
 #include "settings/PlainFiles.h"
+#include "support/FileSizeLimit.h"
 #include "support/TestConnection.h"
 #include "support/TestProgram.h"
 #include "support/Workspace.h"
@@ -243,7 +244,7 @@ void tst_DatabaseFiles::onAFullDiskTheOldCopyStays()
     const QString target = workspace.makeFile(u"backup.db"_s, oldData);
     QString error;
     {
-        const NearlyFullDisk disk(10'000);
+        const FileSizeLimit fullDisk(10'000);
         QVERIFY(!copyDatabaseFile(source, target, error));
     }
     QCOMPARE(error, "Could not copy file from:\n"_L1 + source + "\n\nto:\n"_L1 + target);

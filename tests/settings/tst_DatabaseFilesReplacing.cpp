@@ -2,6 +2,7 @@
 #include "settings/DatabaseFiles.h"
 #include "settings/FailingFiles.h"
 #include "settings/PlainFiles.h"
+#include "support/FileSizeLimit.h"
 #include "support/TestProgram.h"
 #include "support/Workspace.h"
 
@@ -158,7 +159,7 @@ void tst_DatabaseFilesReplacing::withoutRoomForTheBackupTheTargetStaysAsItWas()
     const QString target = workspace.makeFile(u"trips.db"_s, muchData);
     QString error;
     {
-        const NearlyFullDisk disk(10'000);
+        const FileSizeLimit fullDisk(10'000);
         QVERIFY(!replaceDatabaseFile(source, target, error));
     }
     QVERIFY2(error.startsWith("Could not create safety backup before replacing database:\n"_L1
@@ -205,7 +206,7 @@ void tst_DatabaseFilesReplacing::onAFullDiskOnlyTheBackupIsLeft()
     const QString target = workspace.makeFile(u"trips.db"_s, oldData);
     QString error;
     {
-        const NearlyFullDisk disk(10'000);
+        const FileSizeLimit fullDisk(10'000);
         QVERIFY(!replaceDatabaseFile(source, target, error));
     }
     QCOMPARE(error, "Could not copy database from:\n"_L1 + source + "\n\nto:\n"_L1 + target);

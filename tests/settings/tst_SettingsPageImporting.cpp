@@ -2,6 +2,7 @@
 #include "settings/DatabaseWords.h"
 #include "settings/SettingsWindow.h"
 #include "support/DialogRobot.h"
+#include "support/FileSizeLimit.h"
 #include "support/TestProgram.h"
 
 #include <QScopeGuard>
@@ -47,6 +48,8 @@ private Q_SLOTS:
     void twoImportsInTheSameSecondLeaveTheTargetAsItWas_data() { addDatabases(); }
     void twoImportsInTheSameSecondLeaveTheTargetAsItWas();
     void fileThatIsNoDatabaseIsImportedAndReadsAsAnyOther();
+    void importThatFailsNamesTheBackupThatIsKept_data() { addDatabases(); }
+    void importThatFailsNamesTheBackupThatIsKept();
 };
 
 void tst_SettingsPageImporting::importAsksForAFile()
@@ -250,6 +253,7 @@ void tst_SettingsPageImporting::twoImportsInTheSameSecondLeaveTheTargetAsItWas()
                            u"Could not create safety backup before replacing database:\n"_s
                                + workspace.path(database.fileName));
     settings.clicks(database.importButton);
+    QCOMPARE(robot.seen().constLast().informativeText, QString());
     QCOMPARE(workspace.bytes(database.fileName), content);
     QVERIFY(!page.database().isOpen());
     QVERIFY(activity(workspace).isEmpty());
@@ -267,6 +271,30 @@ void tst_SettingsPageImporting::fileThatIsNoDatabaseIsImportedAndReadsAsAnyOther
     settings.clicks(trips.importButton);
     QCOMPARE(workspace.bytes(u"trips.db"_s), QByteArray("Dear carrier,"));
     QCOMPARE(backups().size(), 1);
+}
+
+void tst_SettingsPageImporting::importThatFailsNamesTheBackupThatIsKept()
+{
+    const Words &database = theDatabase();
+    Workspace workspace;
+    makeDatabases(workspace);
+    const QByteArray old = workspace.bytes(database.fileName);
+    const QString source = workspace.makeFile(u"july/copy.db"_s, QByteArray(300'000, 'x'));
+    DialogRobot robot;
+    const SettingsWindow settings;
+    expectImport(robot, database, source);
+    robot.expect(DialogRobot::Critical, database.importFailed,
+                 u"Could not copy database from:\n"_s + source + u"\n\nto:\n"_s
+                     + workspace.path(database.fileName));
+    {
+        const FileSizeLimit fullDisk(250'000);
+        settings.clicks(database.importButton);
+    }
+    QCOMPARE(backups().size(), 1);
+    QCOMPARE(workspace.bytes(backups().constFirst()), old);
+    QCOMPARE(robot.seen().constLast().informativeText,
+             u"A copy of "_s + database.fileName + u" as it was before is kept as:\n"_s
+                 + workspace.path(backups().constFirst()));
 }
 
 TEST_CLASS(tst_SettingsPageImporting)

@@ -140,6 +140,7 @@ DialogRobot::Seen DialogRobot::described(const QDialog *dialog)
     if (const auto *box = qobject_cast<const QMessageBox *>(dialog)) {
         seen.kind = kindOf(box);
         seen.text = box->text();
+        seen.informativeText = box->informativeText();
         seen.defaultButton = plain(box->defaultButton());
         for (const QAbstractButton *button : box->buttons())
             seen.buttons.append(plain(button));

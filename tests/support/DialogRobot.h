@@ -29,6 +29,7 @@ public:
         QString className = {};
         QString title = {};
         QString text = {};
+        QString informativeText = {};
         QStringList buttons = {};
         QString defaultButton = {};
         /// The filters of a file dialog, the folder that it shows, and the name that it proposes.
