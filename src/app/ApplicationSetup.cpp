@@ -22,5 +22,5 @@ void setUpApplication()
     QApplication::setFont(font);
 
     QApplication::setWindowIcon(QIcon(u":/BrindlepathApp/BrindlepathDesk.ico"_s));
-    keepMessageBoxesPlain();
+    setUpMessageBoxes();
 }
