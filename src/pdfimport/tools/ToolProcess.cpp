@@ -2,6 +2,12 @@
 
 #include <QProcess>
 
+#ifdef Q_OS_LINUX
+#include <csignal>
+#include <sys/prctl.h>
+#include <unistd.h>
+#endif
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -25,6 +31,19 @@ QProcessEnvironment withOneThread()
     return environment;
 }
 
+// A program that is killed cannot end its tools, and a page takes Tesseract up to minutes. Runs
+// between fork and exec, where only system calls are safe.
+void dieWithThisProgram([[maybe_unused]] QProcess &process)
+{
+#ifdef Q_OS_LINUX
+    process.setChildProcessModifier([program = ::getpid()] {
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+        if (::getppid() != program) // killed before the line above took effect
+            ::_exit(1);
+    });
+#endif
+}
+
 } // namespace
 
 bool runProcess(const QString &program, const QStringList &arguments,
@@ -42,6 +61,7 @@ bool runProcess(const QString &program, const QStringList &arguments,
     process.setProcessEnvironment(withOneThread());
     if (!workingDirectory.trimmed().isEmpty())
         process.setWorkingDirectory(workingDirectory);
+    dieWithThisProgram(process);
     process.start(program, arguments);
     if (!process.waitForStarted(startLimitMs))
         return fail("Could not start process: "_L1);

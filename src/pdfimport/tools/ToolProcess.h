@@ -4,7 +4,8 @@
 #include <QStringList>
 
 /// Runs an external program to its end and waits for it; the window stands still meanwhile. No
-/// shell is involved, and a blank working directory is the current one.
+/// shell is involved, and a blank working directory is the current one. On Linux the program dies
+/// with this one, however this one ends.
 ///
 /// Returns true if the program ended by itself with exit code 0; whether it also made what it was
 /// asked for is for the caller to see. Standard error is given trimmed. A program that cannot be

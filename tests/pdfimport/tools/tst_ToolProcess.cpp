@@ -3,8 +3,10 @@
 #include "support/TestProgram.h"
 
 #include <QElapsedTimer>
+#include <QProcess>
 
 #include <csignal>
+#include <sys/prctl.h>
 
 using namespace Qt::StringLiterals;
 
@@ -159,6 +161,23 @@ private Q_SLOTS:
         const QString tool =
             workspace.makeTool(u"tool"_s, "trap '' TERM INT HUP\nwhile :; do :; done\n");
         QCOMPARE(Run(tool, {}, {}, brieflyMs).errorText, u"Process timed out: "_s + tool);
+    }
+
+    void aProgramDiesWithTheOneThatRunsIt()
+    {
+        const Workspace workspace;
+        const QString tool =
+            workspace.makeTool(u"tool"_s, "echo $$ >started; mv started process; exec sleep 60\n");
+        ::prctl(PR_SET_CHILD_SUBREAPER, 1); // so that the orphan is this test's to wait for
+        QProcess probe;
+        probe.start(QStringLiteral(TOOL_PROBE), {tool});
+        QTRY_VERIFY(QFile::exists(workspace.path(u"process"_s)));
+        probe.kill();
+        QVERIFY(probe.waitForFinished());
+        const int process = workspace.bytes(u"process"_s).trimmed().toInt();
+        int status = 0;
+        QVERIFY(QTest::qWaitFor([&] { return ::waitpid(process, &status, WNOHANG) == process; }));
+        QVERIFY(WIFSIGNALED(status));
     }
 
     void muchOutputOnBothSidesArrivesWhole()
