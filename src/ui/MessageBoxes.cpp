@@ -72,6 +72,7 @@ void keepOnScreen(QMessageBox *box)
     room.setHeight(room.height() / std::max(1, int(labels.size())));
     for (QLabel *label : std::as_const(labels)) {
         label->setTextFormat(Qt::PlainText);
+        label->setTextInteractionFlags(label->textInteractionFlags() | Qt::TextSelectableByMouse);
         if (!fits(label, room))
             letScroll(box, label, room);
     }

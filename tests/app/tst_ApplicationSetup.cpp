@@ -1,4 +1,5 @@
 #include "app/ApplicationSetup.h"
+#include "support/DefaultLocale.h"
 #include "support/TestProgram.h"
 #include "support/Workspace.h"
 
@@ -35,7 +36,7 @@ void tst_ApplicationSetup::applicationGoesByItsNames()
 void tst_ApplicationSetup::figuresAreThoseOfTheTrade()
 {
     const Workspace workspace;
-    QLocale::setDefault(QLocale(QLocale::French, QLocale::Canada));
+    const DefaultLocale desktop(u"fr_CA"_s);
     setUpApplication();
     QCOMPARE(QLocale().toCurrencyString(1234.5), u"$1,234.50"_s);
 }

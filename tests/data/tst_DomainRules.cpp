@@ -1,4 +1,5 @@
 #include "data/DomainRules.h"
+#include "support/DefaultLocale.h"
 #include "support/TestProgram.h"
 
 #include <QLocale>
@@ -110,9 +111,7 @@ private Q_SLOTS:
 
     void theDecimalSignIsAPointInEveryLocale()
     {
-        const QLocale usual;
-        const auto restore = qScopeGuard([&usual] { QLocale::setDefault(usual); });
-        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+        const DefaultLocale german(u"de_DE"_s);
         QCOMPARE(parseNumberText(u"1.5"_s), 1.5);
         QCOMPARE(parseMoneyText(u"$1,234.50"_s), 1234.5);
         QCOMPARE(sortNumberFromText(u"1.234,50"_s), 1.2345);

@@ -1,4 +1,5 @@
 #include "data/MoneyText.h"
+#include "support/DefaultLocale.h"
 #include "support/TestProgram.h"
 
 #include <QLocale>
@@ -20,17 +21,9 @@ class tst_MoneyText : public QObject
     Q_OBJECT
 
 private:
-    QLocale usual;
+    const DefaultLocale locale{u"en_US"_s};
 
 private Q_SLOTS:
-    void init()
-    {
-        usual = QLocale();
-        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    }
-
-    void cleanup() { QLocale::setDefault(usual); }
-
     void halvesAreRoundedAwayFromZero_data()
     {
         QTest::addColumn<double>("value");
@@ -119,7 +112,7 @@ private Q_SLOTS:
 
     void onlyTheGroupedFormsFollowTheLocale()
     {
-        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+        const DefaultLocale german(u"de_DE"_s);
         QCOMPARE(moneyText(-1234.5), u"$-1234.50"_s);
         QCOMPARE(number2Text(-1234.5), u"-1234.50"_s);
         QCOMPARE(groupedMoneyText(-1234.5), u"-$1.234,50"_s);

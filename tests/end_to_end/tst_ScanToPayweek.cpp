@@ -59,7 +59,7 @@ void tst_ScanToPayweek::scannedFuelReachesThePayweekToTheCent()
     QFETCH(const PdfMake, make);
     Workspace workspace;
     workspace.linkTools();
-    workspace.makeTrips();
+    workspace.makeTripsWithoutIndexes();
     trip().no(u"4471203"_s).payweek(u"01/17/2025"_s).set(u"linehaul"_s, 1000.0).insert(workspace);
     QString error;
     const QString pdf = workspace.path(u"driver's settlement.pdf"_s);

@@ -66,7 +66,7 @@ void tst_TripToPayweek::enterTrip(BrindlepathApp &window, const QString &number,
 void tst_TripToPayweek::enteredTripIsStoredToTheCent()
 {
     Workspace workspace;
-    workspace.makeTrips();
+    workspace.makeTripsWithoutIndexes();
     BrindlepathApp window;
     Person::shows(window);
     enterTrip(window, u"4471203"_s, u"04/18/2026"_s, u"$2,345.67"_s);
@@ -82,7 +82,7 @@ void tst_TripToPayweek::enteredTripIsStoredToTheCent()
 void tst_TripToPayweek::enteredTripStandsInItsPayweek()
 {
     Workspace workspace;
-    workspace.makeTrips();
+    workspace.makeTripsWithoutIndexes();
     BrindlepathApp window;
     Person::shows(window);
     enterTrip(window, u"4471203"_s, u"04/18/2026"_s, u"$2,345.67"_s);
@@ -99,7 +99,7 @@ void tst_TripToPayweek::enteredTripStandsInItsPayweek()
 void tst_TripToPayweek::changedTripChangesTheLaterCarryover()
 {
     Workspace workspace;
-    workspace.makeTrips();
+    workspace.makeTripsWithoutIndexes();
     expense(u"04/11/2026"_s, u"Engine repair"_s, 3000.0).insert(workspace);
     trip().no(u"1"_s).payweek(u"04/18/2026"_s).totals(500.0, 0.0).insert(workspace);
     BrindlepathApp window;
@@ -121,7 +121,7 @@ void tst_TripToPayweek::changedTripChangesTheLaterCarryover()
 void tst_TripToPayweek::deletedTripIsGoneFromItsPayweek()
 {
     Workspace workspace;
-    workspace.makeTrips();
+    workspace.makeTripsWithoutIndexes();
     trip().no(u"4471203"_s).payweek(u"04/18/2026"_s).totals(900.0, 100.0).insert(workspace);
     trip().no(u"4471204"_s).payweek(u"04/18/2026"_s).totals(700.0, 100.0).insert(workspace);
     DialogRobot robot;

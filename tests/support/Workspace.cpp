@@ -79,6 +79,21 @@ QString Workspace::makeTrips(const QString &fileName)
     return made(u"trips.sql"_s, fileName);
 }
 
+QString Workspace::makeTripsWithoutIndexes(const QString &fileName)
+{
+    QString target = makeTrips(fileName);
+    onTrips(target, [](const QSqlDatabase &database, QString &error) {
+        QStringList indexes;
+        SqlStatement(database,
+                     u"SELECT name FROM sqlite_master WHERE type = 'index' AND sql <> ''"_s)
+            .forEachRow({}, error,
+                        [&indexes](const SqlStatement &row) { indexes.append(row.text(0)); });
+        for (const QString &index : std::as_const(indexes))
+            runSql(database, u"DROP INDEX "_s + index, {}, error);
+    });
+    return target;
+}
+
 QString Workspace::makeLocations(const QString &fileName)
 {
     return made(u"locations.sql"_s, fileName);

@@ -21,6 +21,8 @@ public:
 
     /// Makes a new, empty database and gives its path. The folder of `fileName` is made too.
     QString makeTrips(const QString &fileName = QStringLiteral("trips.db"));
+    /// As most drivers' files are, which were made before there were any.
+    QString makeTripsWithoutIndexes(const QString &fileName = QStringLiteral("trips.db"));
     QString makeLocations(const QString &fileName = QStringLiteral("locations.db"));
 
     /// Writes a file and gives its path.

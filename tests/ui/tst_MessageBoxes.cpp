@@ -80,6 +80,7 @@ void tst_MessageBoxes::boxShowsMarkupAsItStands()
     box.setInformativeText(u"<i>8"_s);
     box.show();
     QCOMPARE(textLabel(box)->textFormat(), Qt::PlainText);
+    QVERIFY(textLabel(box)->textInteractionFlags() & Qt::TextSelectableByMouse);
     QCOMPARE(box.findChild<QLabel *>(u"qt_msgbox_informativelabel"_s)->textFormat(), Qt::PlainText);
 }
 

@@ -1,5 +1,6 @@
 #include "reports/charts/LineChartWindow.h"
 #include "reports/charts/TipReaders.h"
+#include "support/DefaultLocale.h"
 #include "support/TestProgram.h"
 #include "support/Workspace.h"
 
@@ -36,14 +37,13 @@ class tst_SharedLineChartTips : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init() { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates)); }
+    const DefaultLocale american{u"en_US"_s};
 
+private Q_SLOTS:
     void cleanup()
     {
         QToolTip::hideText();
         QTRY_VERIFY(!QToolTip::isVisible());
-        QLocale::setDefault(QLocale::system());
     }
 
     void tooltipTellsLabelAndValueAsCurrency_data()
@@ -60,7 +60,7 @@ private Q_SLOTS:
     {
         QFETCH(const QLocale, locale);
         const Workspace workspace;
-        QLocale::setDefault(locale);
+        const DefaultLocale shown(locale);
         const HoveredChart chart(weekly({0.0, 1234.5, 0.0}));
         QTEST(chart.pointsAt({256, 22}), "tip");
     }

@@ -1,5 +1,6 @@
 #include "reports/charts/TipReaders.h"
 #include "reports/totals/BreakdownDialog.h"
+#include "support/DefaultLocale.h"
 #include "support/DialogRobot.h"
 #include "support/Person.h"
 #include "support/TableReaders.h"
@@ -136,8 +137,7 @@ private Q_SLOTS:
     void chartShowsThePointsInTheOrderGiven()
     {
         const Workspace workspace;
-        const auto restored = qScopeGuard([] { QLocale::setDefault(QLocale::system()); });
-        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+        const DefaultLocale american(u"en_US"_s);
         const OpenDialog open;
         const QPoint first = open.chart->mapTo(&open.dialog, QPoint(86, 22));
         const QPoint last = open.chart->mapTo(
