@@ -272,8 +272,10 @@ void BrindlepathApp::showTrip(int tripId, const QString &tripNo)
 {
     showPage(tripsPage);
     const QString number = tripNo.trimmed();
-    if (!tripsPage->openTripOfFile(tripId, viewPayweekPage->databasePath()))
-        setStatusText(tr("Trip %1 is not in the file which Trips has open")
+    const QString file = viewPayweekPage->databasePath();
+    if (!tripsPage->openTripOfFile(tripId, file))
+        setStatusText((file.isEmpty() ? tr("Trip %1 is in a file which View Payweek has not open")
+                                      : tr("Trip %1 is not in the file which Trips has open"))
                           .arg(number.isEmpty() ? tr("ID %1").arg(tripId) : number));
     else if (!number.isEmpty())
         setStatusText(tr("Opened trip %1 from View Payweek").arg(number));

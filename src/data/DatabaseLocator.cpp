@@ -114,7 +114,12 @@ QString currentLocationsDatabasePath()
 
 bool isSameFile(const QString &path, const QString &otherPath)
 {
-    return !path.isEmpty() && !otherPath.isEmpty() && QFileInfo(path) == QFileInfo(otherPath);
+    if (path.isEmpty() || otherPath.isEmpty())
+        return false;
+    const QFileInfo file(path);
+    const QFileInfo other(otherPath);
+    return file.absoluteFilePath() == other.absoluteFilePath()
+           || (file.exists() && file.canonicalFilePath() == other.canonicalFilePath());
 }
 
 QStringList databasesInUse()

@@ -28,7 +28,7 @@ QString currentTripsDatabasePath();
 /// The same for the locations file.
 QString currentLocationsDatabasePath();
 
-/// Whether two paths lead to the same file. No path is the same as none.
+/// Whether two paths lead to the same file, there or not. An empty path leads to none.
 bool isSameFile(const QString &path, const QString &otherPath);
 
 /// The absolute paths of all files that connections hold open, and of the two that the program

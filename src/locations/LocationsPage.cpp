@@ -107,11 +107,16 @@ void LocationsPage::connectWidgets()
 
 void LocationsPage::openDatabase(const QString &path)
 {
+    // Closed behind the page, which is what an import does before it puts another file there.
+    if (!database.isOpen() && DatabaseLocator::isSameFile(fileOfForm, database.databaseName()))
+        fileOfForm = tr("%1 (as it was then)").arg(fileOfForm);
     QString error;
     if (!DatabaseLocator::openNamedConnection(database, connectionName, path, error)) {
         QMessageBox::critical(this, tr("Database Error"), error);
         return;
     }
+    if (fileOfForm.isEmpty() && mode == Mode::CreatingNew)
+        fileOfForm = path; // what was begun before any file was open
     refresh();
     report(tr("Opened locations DB: %1").arg(path));
 }
@@ -134,6 +139,7 @@ void LocationsPage::refresh()
         return;
     }
     showRows(rows);
+    fileOfTable = database.databaseName();
     report(tr("Loaded %1 locations").arg(rows.size()));
 }
 
@@ -178,7 +184,7 @@ void LocationsPage::loadRow(int row)
         location.append(cell ? cell->text() : QString());
     }
     selectedCode = location.at(Code).trimmed();
-    fileOfForm = database.databaseName();
+    fileOfForm = fileOfTable;
     form->showLocation(location);
     setMode(Mode::Viewing);
 }
@@ -186,7 +192,7 @@ void LocationsPage::loadRow(int row)
 void LocationsPage::newLocation()
 {
     selectedCode.clear();
-    fileOfForm = database.databaseName();
+    fileOfForm = database.isOpen() ? database.databaseName() : QString();
     {
         const QSignalBlocker blocker(table);
         table->clearSelection();
@@ -227,7 +233,10 @@ void LocationsPage::saveLocation()
         QMessageBox::warning(this, tr("Missing Code"), tr("Location code is required."));
         return;
     }
-    if (!confirmFile() || !writeLocation())
+    if (!confirmFile(tr("Save Location"),
+                     tr("This location was entered while another file was open:\n\n%1\n\n"
+                        "Save it to the file that is open now?\n\n%2"))
+        || !writeLocation())
         return;
     const bool isUpdate = !selectedCode.isEmpty();
     selectedCode = code;
@@ -237,19 +246,15 @@ void LocationsPage::saveLocation()
     selectCode(code);
 }
 
-// What was typed while one file was open goes into another only where the driver says so.
-bool LocationsPage::confirmFile()
+// What was entered or selected while one file was open counts for another only where the driver
+// says so.
+bool LocationsPage::confirmFile(const QString &title, const QString &question)
 {
     const QString file = database.databaseName();
-    if (fileOfForm.isEmpty() || DatabaseLocator::isSameFile(fileOfForm, file))
-        return true;
-    return QMessageBox::question(
-               this, tr("Save Location"),
-               tr("This location was entered while another file was open:\n\n%1\n\n"
-                  "Save it to the file that is open now?\n\n%2")
-                   .arg(fileOfForm, file),
-               QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
-           == QMessageBox::Yes;
+    return fileOfForm.isEmpty() || DatabaseLocator::isSameFile(fileOfForm, file)
+           || QMessageBox::question(this, title, question.arg(fileOfForm, file),
+                                    QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
+                  == QMessageBox::Yes;
 }
 
 bool LocationsPage::writeLocation()
@@ -285,6 +290,10 @@ void LocationsPage::deleteLocation()
                              tr("Select or enter a location code first."));
         return;
     }
+    if (!confirmFile(tr("Delete Location"),
+                     tr("This location was selected while another file was open:\n\n%1\n\n"
+                        "Delete it from the file that is open now?\n\n%2")))
+        return;
     const auto answer =
         QMessageBox::question(this, tr("Confirm Delete"), tr("Delete location '%1'?").arg(code),
                               QMessageBox::Yes | QMessageBox::No, QMessageBox::No);

@@ -45,7 +45,7 @@ private:
     void editLocation();
     void saveLocation();
     bool writeLocation();
-    bool confirmFile();
+    bool confirmFile(const QString &title, const QString &question);
     void selectCode(const QString &code);
     void deleteLocation();
 
@@ -58,7 +58,8 @@ private:
 
     QSqlDatabase database;
     QString selectedCode;
-    QString fileOfForm; ///< that was open when the form was filled or cleared; empty at first
+    QString fileOfTable; ///< whose locations are listed
+    QString fileOfForm;  ///< for which the form was filled; empty where there was none
     Mode mode = Mode::Viewing;
     DataTable *table = nullptr;
     LocationForm *form = nullptr;

@@ -137,7 +137,8 @@ void EditSettlementPage::openDatabase(const QString &path)
         return;
     }
     report(tr("Opened settlement/trips DB: %1").arg(path));
-    reloadApr(); // of the week that stays chosen if the weeks cannot be read
+    reloadNames(); // of the week that stays chosen if the weeks cannot be read
+    reloadApr();
     refresh();
     if (rowOfItem(form->selectedItemId()) < 0)
         form->startNewItem(); // what was in hand is an item of the file before

@@ -43,9 +43,7 @@ TripHoursResult hoursBetween(const TripStopTiming &pickup, const TripStopTiming 
                              double extraHours)
 {
     const qint64 shortestSeconds = secondsBetween(end(pickup), start(delivery));
-    const bool noWindow = end(pickup) == start(pickup) && end(delivery) == start(delivery);
-    const qint64 longestSeconds =
-        noWindow ? shortestSeconds : secondsBetween(start(pickup), end(delivery));
+    const qint64 longestSeconds = secondsBetween(start(pickup), end(delivery));
     if (shortestSeconds < 1 && longestSeconds < 1)
         return {};
     const double longest = static_cast<double>(longestSeconds) / 3600.0;

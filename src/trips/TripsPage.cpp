@@ -164,13 +164,16 @@ void TripsPage::autoOpen()
 
 void TripsPage::openDatabase(const QString &path)
 {
-    if (tripsDatabase.isValid())
+    if (hasHadFile)
         leaveTrip(); // what was typed before any file was open waits for one
     QString error;
     if (!DatabaseLocator::openNamedConnection(tripsDatabase, connectionName, path, error)) {
         QMessageBox::critical(this, tr("Database Error"), error);
         return;
     }
+    hasHadFile = true;
+    list->showTrips(
+        {}); // or trips of the file before would be loaded where this one cannot be read
     stops->refreshLocationConnection();
     bringFileUpToDate();
     loadItemNames();

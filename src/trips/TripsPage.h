@@ -90,6 +90,7 @@ private:
     void report(const QString &text) const;
 
     QSqlDatabase tripsDatabase;
+    bool hasHadFile = false;
     const TripContext context;
     PayweekFilter *payweekFilter = nullptr;
     TripList *list = nullptr;

@@ -3,8 +3,8 @@
 #include "settlements/EditSettlementPage.h"
 #include "settlements/ViewPayweekPage.h"
 #include "support/DialogRobot.h"
+#include "support/OtherBusiness.h"
 #include "support/Person.h"
-#include "support/RowMakers.h"
 #include "support/TestProgram.h"
 #include "trips/TripsPage.h"
 
@@ -17,19 +17,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// A business in which trip 1 and settlement item 1 are this business's own.
-QString makeBusiness(Workspace &workspace, const QString &fileName, const QString &tripNo)
-{
-    QString path = workspace.makeTrips(fileName);
-    const TestConnection file(path);
-    file.execute(u"INSERT INTO trips (trip_no, payweek) VALUES (?, '04/18/2026')"_s, {tripNo});
-    file.execute(u"INSERT INTO settlement_non_trip_items (settlement_date, kind, name, amount) "
-                 "VALUES ('04/18/2026', 'expense', ?, 12.5)"_s,
-                 {u"Item of "_s + tripNo});
-    file.execute(u"INSERT INTO settlement_meta (settlement_date, apr) VALUES ('04/18/2026', 5)"_s);
-    return path;
-}
 
 void clicksTripLink(const BrindlepathApp &window)
 {
@@ -58,6 +45,8 @@ private Q_SLOTS:
     void linkToATripOfAnotherFileLoadsNothing();
     void linkToATripWithoutNumberTellsItsId();
     void linkOfAFileThatIsClosedLoadsNothing();
+    void itemWithTheSameIdIsThatOfTheNewFile();
+    void itemOfTheFileBeforeIsNotKeptWhereTheNewOneCannotBeRead_data();
     void itemOfTheFileBeforeIsNotKeptWhereTheNewOneCannotBeRead();
     void rateOfTheFileBeforeIsNotKeptWhereTheWeeksCannotBeRead();
     void filesMovedAwayAreNotMadeAnew();
@@ -70,7 +59,7 @@ void tst_BrindlepathAppFiles::linkToATripOfAnotherFileLoadsNothing()
 {
     Workspace workspace;
     makeBusiness(workspace, u"trips.db"_s, u"4471203"_s);
-    const QString other = makeBusiness(workspace, u"other.db"_s, u"5500001"_s);
+    const QString other = makeOtherBusiness(workspace);
     BrindlepathApp window;
     Person::shows(window);
     window.findChild<ViewPayweekPage *>()->openDatabase(other);
@@ -102,20 +91,45 @@ void tst_BrindlepathAppFiles::linkOfAFileThatIsClosedLoadsNothing()
     DatabaseLocator::closeAllSqliteConnections();
     clicksTripLink(window);
     QCOMPARE(named<QLabel>(window, "tripIdLabel")->text(), u"(new trip)"_s);
-    QCOMPARE(status(window), u"Trip 4471203 is not in the file which Trips has open"_s);
+    QCOMPARE(status(window), u"Trip 4471203 is in a file which View Payweek has not open"_s);
 }
 
-void tst_BrindlepathAppFiles::itemOfTheFileBeforeIsNotKeptWhereTheNewOneCannotBeRead()
+void tst_BrindlepathAppFiles::itemWithTheSameIdIsThatOfTheNewFile()
 {
     Workspace workspace;
-    DialogRobot robot;
     makeBusiness(workspace, u"trips.db"_s, u"4471203"_s);
-    const QString other = makeBusiness(workspace, u"other.db"_s, u"5500001"_s);
+    const QString other = makeOtherBusiness(workspace);
     BrindlepathApp window;
     Person::shows(window);
     goTo(window, u"Edit Settlement"_s);
     Person::clicksCell(named<QTableWidget>(window, "settlementItems"), 0, 3);
-    QCOMPARE(itemEditor(window), QStringList({u"1"_s, u"Item of 4471203"_s, u"12.50"_s}));
+    Person::types(named<QLineEdit>(window, "settlementItemAmount"), u"99"_s);
+    window.findChild<EditSettlementPage *>()->openDatabase(other);
+    QCOMPARE(itemEditor(window), QStringList({u"1"_s, u"Item of 5500001"_s, u"12.50"_s}));
+}
+
+void tst_BrindlepathAppFiles::itemOfTheFileBeforeIsNotKeptWhereTheNewOneCannotBeRead_data()
+{
+    QTest::addColumn<bool>("isNew");
+    QTest::newRow("a loaded item") << false;
+    QTest::newRow("a new item") << true;
+}
+
+void tst_BrindlepathAppFiles::itemOfTheFileBeforeIsNotKeptWhereTheNewOneCannotBeRead()
+{
+    QFETCH(const bool, isNew);
+    Workspace workspace;
+    DialogRobot robot;
+    makeBusiness(workspace, u"trips.db"_s, u"4471203"_s);
+    const QString other = makeOtherBusiness(workspace);
+    BrindlepathApp window;
+    Person::shows(window);
+    goTo(window, u"Edit Settlement"_s);
+    Person::clicksCell(named<QTableWidget>(window, "settlementItems"), 0, 3);
+    if (isNew) {
+        Person::clicks(window, u"New Item"_s);
+        Person::types(named<QComboBox>(window, "settlementItemName")->lineEdit(), u"Permit"_s);
+    }
     {
         const TestConnection file(other);
         file.execute(u"ALTER TABLE settlement_non_trip_items RENAME COLUMN amount TO away"_s);
@@ -135,7 +149,7 @@ void tst_BrindlepathAppFiles::rateOfTheFileBeforeIsNotKeptWhereTheWeeksCannotBeR
     Workspace workspace;
     DialogRobot robot;
     makeBusiness(workspace, u"trips.db"_s, u"4471203"_s);
-    const QString other = makeBusiness(workspace, u"other.db"_s, u"5500001"_s);
+    const QString other = makeOtherBusiness(workspace);
     BrindlepathApp window;
     Person::shows(window);
     goTo(window, u"Edit Settlement"_s);

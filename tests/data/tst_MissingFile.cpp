@@ -52,6 +52,17 @@ private Q_SLOTS:
         releaseNamedConnection(page, name);
     }
 
+    void isTheSameOnlyByItsPath()
+    {
+        Workspace workspace;
+        QVERIFY(isSameFile(u"gone.db"_s, workspace.path(u"gone.db"_s)));
+        QVERIFY(!isSameFile(u"gone.db"_s, u"gone too.db"_s));
+        QVERIFY(!isSameFile(u"gone.db"_s, workspace.makeTrips()));
+        QVERIFY(!isSameFile({}, {}));
+        QVERIFY(QFile::link(workspace.path(tripsFileName), u"link.db"_s));
+        QVERIFY(isSameFile(u"link.db"_s, tripsFileName));
+    }
+
     void opensToWriteOnceItIsThere()
     {
         Workspace workspace;

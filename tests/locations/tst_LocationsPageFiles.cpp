@@ -1,3 +1,4 @@
+#include "data/DatabaseLocator.h"
 #include "locations/LocationRows.h"
 #include "locations/LocationsWindow.h"
 #include "support/DialogRobot.h"
@@ -85,6 +86,89 @@ private Q_SLOTS:
         files.places.pastes(kansas);
         files.places.clicks(saveButton);
         QCOMPARE(stored(files.second), QList<QStringList>({dallas, kansas}));
+    }
+
+    void locationListedFromAFileThatWasLeftIsStillOfThatFile()
+    {
+        TwoFiles files;
+        {
+            const TestConnection second(files.second);
+            second.execute(u"ALTER TABLE locations RENAME TO away"_s);
+            files.robot.expectContaining(DialogRobot::Critical, u"Query Error"_s, u"locations"_s);
+            files.places.page->openDatabase(files.second);
+            second.execute(u"ALTER TABLE away RENAME TO locations"_s);
+        }
+        files.places.edits(0); // the table is still that of the first file
+        files.places.types("locationNameField", u"changed"_s);
+        files.expectQuestion().press(u"No"_s);
+        files.places.clicks(saveButton);
+        QCOMPARE(stored(files.second), QList<QStringList>({dallas}));
+    }
+
+    void locationClickedWhileNoFileIsOpenIsOfTheFileThatWasListed()
+    {
+        TwoFiles files;
+        const QString away = files.workspace.path(u"away.db"_s);
+        QVERIFY(QFile::rename(files.second, away));
+        files.robot.expectContaining(DialogRobot::Critical, u"Database Error"_s, u"unable"_s);
+        files.places.page->openDatabase(files.second);
+        files.places.edits(0);
+        files.places.types("locationNameField", u"changed"_s);
+        QVERIFY(QFile::rename(away, files.second));
+        files.places.page->openDatabase(files.second);
+        files.expectQuestion().press(u"No"_s);
+        files.places.clicks(saveButton);
+        QCOMPARE(stored(files.second), QList<QStringList>({dallas}));
+    }
+
+    void locationSelectedInOneFileIsNotDeletedFromAnother()
+    {
+        TwoFiles files;
+        addLocations(files.second, {coded(u"ALB1"_s, kansas)});
+        files.places.clicksLocation(0);
+        files.places.page->openDatabase(files.second);
+        const QString title = u"Delete Location"_s;
+        files.robot
+            .expect(DialogRobot::Question, title,
+                    u"This location was selected while another file was open:\n\n%1\n\nDelete it "
+                    "from the file that is open now?\n\n%2"_s.arg(files.first, files.second))
+            .press(u"No"_s);
+        files.places.clicks(title);
+        QCOMPARE(files.robot.seen().value(0).defaultButton, u"No"_s);
+        QCOMPARE(stored(files.second).size(), 2);
+    }
+
+    void fileReplacedByAnImportIsAnother()
+    {
+        TwoFiles files;
+        files.places.edits(0);
+        files.places.types("locationNameField", u"changed"_s);
+        DatabaseLocator::closeAllSqliteConnections();
+        QVERIFY(QFile::remove(files.first));
+        QVERIFY(QFile::copy(files.second, files.first));
+        addLocations(files.first, {coded(u"ALB1"_s, kansas)});
+        files.places.page->openDatabase(files.first);
+        files.robot
+            .expect(DialogRobot::Question, saveButton,
+                    u"This location was entered while another file was open:\n\n%1 (as it was "
+                    "then)\n\nSave it to the file that is open now?\n\n%1"_s.arg(files.first))
+            .press(u"No"_s);
+        files.places.clicks(saveButton);
+        QCOMPARE(stored(files.first).at(0), coded(u"ALB1"_s, kansas));
+    }
+
+    void entryBegunBeforeAnyFileWasOpenIsOfTheFirstThatIs()
+    {
+        TwoFiles files;
+        delete files.places.page; // two pages would share one connection
+        LocationsWindow places;
+        places.clicks(u"New / Clear"_s);
+        places.page->openDatabase(files.first);
+        places.pastes(kansas);
+        places.page->openDatabase(files.second);
+        files.expectQuestion().press(u"No"_s);
+        places.clicks(saveButton);
+        QCOMPARE(stored(files.second), QList<QStringList>({dallas}));
     }
 
     void sameFileByAnotherPathIsTheSame()

@@ -316,6 +316,14 @@ private Q_SLOTS:
         QCOMPARE(hoursFrom(u"2026-03-08T02:30:00"_s, u"2026-03-08T10:00:00"_s), 10.5);
         QCOMPARE(hoursFrom(u"2026-03-07T22:00:00"_s, u"2026-03-08T02:30:00"_s), 7.5);
         QCOMPARE(hoursFrom(u"2026-10-31T22:00:00"_s, u"2026-11-01T10:00:00"_s), 15.0);
+        // In Berlin the window begins in the skipped hour and ends two hours later, as UTC is off.
+        const TripHoursResult range = computeStopHours(
+            {stopTiming(u"shipper"_s, u"2026-03-29T02:30:00"_s, true, u"2026-03-29T04:30:00"_s),
+             stopTiming(u"receiver"_s, u"2026-03-29T20:00:00"_s, false, {})},
+            3.0);
+        QVERIFY(range.isRange);
+        QCOMPARE(range.minHours, 18.5);
+        QCOMPARE(range.maxHours, 20.5);
     }
 
 private:

@@ -1,5 +1,5 @@
+#include "support/OtherBusiness.h"
 #include "support/TableReaders.h"
-#include "support/TestConnection.h"
 #include "support/TestProgram.h"
 #include "trips/TripsRows.h"
 #include "trips/TripsWindow.h"
@@ -9,16 +9,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString saveButton = u"Save Trip / Changes"_s;
-
-/// A file of another business, in which trip 1 is another one.
-QString makeOtherFile(Workspace &workspace)
-{
-    const QString path = workspace.makeTrips(u"other.db"_s);
-    const TestConnection file(path);
-    file.execute(u"INSERT INTO trips (trip_no, payweek) VALUES ('5500001', '04/25/2026')"_s);
-    file.execute(u"INSERT INTO trip_stops (trip_id, stop_type) VALUES (1, 'shipper')"_s);
-    return path;
-}
 
 } // namespace
 
@@ -31,7 +21,7 @@ private Q_SLOTS:
     void anotherFileBeginsANewTrip()
     {
         Workspace workspace;
-        const QString other = makeOtherFile(workspace);
+        const QString other = makeOtherBusiness(workspace);
         const QString path = workspace.makeTrips();
         insertFullTrip(workspace);
         const TripsWindow trips(path);
@@ -48,7 +38,7 @@ private Q_SLOTS:
     {
         Workspace workspace;
         DialogRobot robot;
-        const QString other = makeOtherFile(workspace);
+        const QString other = makeOtherBusiness(workspace);
         const QString path = workspace.makeTrips();
         insertFullTrip(workspace);
         const QByteArray before = workspace.bytes(u"other.db"_s);
@@ -63,7 +53,7 @@ private Q_SLOTS:
     void newTripIsNotSavedIntoAnotherFile()
     {
         Workspace workspace;
-        const QString other = makeOtherFile(workspace);
+        const QString other = makeOtherBusiness(workspace);
         const TripsWindow trips(workspace.makeTrips());
         trips.types("tripNoField", u"4471203"_s);
         trips.clicks(u"Add Stop Row"_s);
@@ -87,7 +77,7 @@ private Q_SLOTS:
     {
         Workspace workspace;
         DialogRobot robot;
-        const QString other = makeOtherFile(workspace);
+        const QString other = makeOtherBusiness(workspace);
         const QString path = workspace.makeTrips();
         insertFullTrip(workspace);
         const TripsWindow trips(path);
@@ -98,10 +88,27 @@ private Q_SLOTS:
         QVERIFY(trips.isEmpty());
     }
 
+    void fileThatCannotBeListedLeavesNoTripOfTheOneBefore()
+    {
+        Workspace workspace;
+        DialogRobot robot;
+        const QString other = makeOtherBusiness(workspace);
+        const QString path = workspace.makeTrips();
+        insertFullTrip(workspace);
+        const TripsWindow trips(path);
+        const TestConnection file(other);
+        file.execute(u"ALTER TABLE trips RENAME COLUMN fusu TO away"_s);
+        robot.expectContaining(DialogRobot::Critical, u"Query Error"_s, u"fusu"_s);
+        trips.page->openDatabase(other);
+        QCOMPARE(trips.list()->rowCount(), 0);
+    }
+
     void tripTypedBeforeAnyFileIsOpenWaitsForIt()
     {
         Workspace workspace;
+        DialogRobot robot;
         const TripsWindow trips;
+        trips.losesItsFile(robot); // none was open, and none is
         trips.types("tripNoField", u"4471203"_s);
         trips.page->openDatabase(workspace.makeTrips());
         QCOMPARE(trips.line("tripNoField")->text(), u"4471203"_s);
@@ -120,7 +127,7 @@ private Q_SLOTS:
     void tripOfAnotherFileIsNotOpened()
     {
         Workspace workspace;
-        const QString other = makeOtherFile(workspace);
+        const QString other = makeOtherBusiness(workspace);
         const QString path = workspace.makeTrips();
         insertFullTrip(workspace);
         const TripsWindow trips(path);

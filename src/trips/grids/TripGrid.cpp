@@ -11,6 +11,12 @@
 
 #include <algorithm>
 
+namespace {
+
+constexpr auto isBox = "isBoxOfTripGrid";
+
+} // namespace
+
 TripGrid::TripGrid(const QList<Column> &gridColumns, int leastGridHeight, QWidget *parent)
     : QTableWidget(parent)
     , columns(gridColumns)
@@ -73,6 +79,7 @@ void TripGrid::putBox(int row, int column, QWidget *box, const QVariant &value)
     below->setData(valueRole, value);
     setItem(row, column, below);
     box->setAccessibleName(columns.at(column).label);
+    box->setProperty(isBox, true);
     setCellWidget(row, column, box);
     fitBox(row, column);
 }
@@ -119,9 +126,18 @@ void TripGrid::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int en
 {
     for (int row = start; row <= end; ++row) {
         for (int column = 0; column < columnCount(); ++column)
-            removeCellWidget(row, column);
+            removeBox(row, column);
     }
     QTableWidget::rowsAboutToBeRemoved(parent, start, end);
+}
+
+void TripGrid::removeBox(int row, int column)
+{
+    QWidget *box = cellWidget(row, column);
+    if (!box || !box->property(isBox).toBool()) // an open editor is the view's own affair
+        return;
+    box->hide(); // it goes only with the next turn of the event loop
+    removeCellWidget(row, column);
 }
 
 int TripGrid::keepBelow(const QWidget *box, int column, const QVariant &value)

@@ -53,6 +53,7 @@ protected:
     void rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end) override;
 
 private:
+    void removeBox(int row, int column);
     void fitBox(int row, int column);
     void setWidths(int percent);
 

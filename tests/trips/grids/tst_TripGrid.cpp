@@ -82,6 +82,32 @@ private Q_SLOTS:
         }
     }
 
+    void boxesOfRowsThatWentAreOutOfSightAtOnce()
+    {
+        const Workspace workspace;
+        BoxedGrid grid;
+        grid.appendRow();
+        const QComboBox *box = boxAt(&grid, 0, 0);
+        QVERIFY(box->isVisible());
+        grid.setRowCount(0);
+        QVERIFY(!box->isVisible());
+    }
+
+    void rowTakesAnOpenEditorAlong()
+    {
+        const Workspace workspace; // fails on what Qt warns of
+        BoxedGrid grid;
+        grid.appendRow();
+        grid.editItem(grid.item(0, 1));
+        QCOMPARE(grid.viewport()->findChildren<QLineEdit *>(Qt::FindDirectChildrenOnly).size(), 1);
+        grid.removeRow(0);
+        letBoxesGo();
+        QCOMPARE(grid.viewport()->findChildren<QLineEdit *>(Qt::FindDirectChildrenOnly).size(), 0);
+        grid.appendRow();
+        typesIntoCell(&grid, 0, 1, u"45"_s);
+        QCOMPARE(grid.cellText(0, 1), u"45"_s);
+    }
+
     void rowTakesItsBoxAlong()
     {
         const Workspace workspace;
