@@ -80,6 +80,7 @@ void TripGrid::putBox(int row, int column, QWidget *box, const QVariant &value)
     setItem(row, column, below);
     box->setAccessibleName(columns.at(column).label);
     box->setProperty(isBox, true);
+    box->setFocusPolicy(Qt::ClickFocus); // for Tab the grid is one stop
     setCellWidget(row, column, box);
     fitBox(row, column);
 }
@@ -118,6 +119,32 @@ QString TripGrid::boxText(int row, int column) const
     const QTableWidgetItem *below = item(row, column);
     const QString kept = below ? below->data(valueRole).toString().trimmed() : QString();
     return kept.isEmpty() ? cellText(row, column).trimmed() : kept;
+}
+
+// A box gets the focus by the first key that is typed on its cell, and would miss that key.
+bool TripGrid::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
+{
+    QWidget *box = cellWidget(index.row(), index.column());
+    const bool taken = QTableWidget::edit(index, trigger, event);
+    if (taken && trigger == AnyKeyPressed && box)
+        QCoreApplication::sendEvent(box, event);
+    return taken;
+}
+
+// Tab in a box goes to the next cell, as it does while a cell is edited, and from the last one on
+// to what follows the grid.
+bool TripGrid::focusNextPrevChild(bool next)
+{
+    if (!hasFocus()) {
+        const QModelIndex from = currentIndex();
+        const QModelIndex to = moveCursor(next ? MoveNext : MovePrevious, Qt::NoModifier);
+        setFocus();
+        if (from.isValid() && (next ? from < to : to < from)) {
+            setCurrentIndex(to);
+            return true;
+        }
+    }
+    return QTableWidget::focusNextPrevChild(next);
 }
 
 // A view forgets the boxes of rows that go, but not their addresses (Qt 6.4). The editor of a cell

@@ -50,6 +50,8 @@ protected:
     /// later, and tells of its text once more when it loses the focus.
     int keepBelow(const QWidget *box, int column, const QVariant &value);
 
+    bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
     void rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end) override;
 
 private:

@@ -82,6 +82,63 @@ private Q_SLOTS:
         }
     }
 
+    void tabInABoxGoesFromCellToCellAndThenOutOfTheGrid()
+    {
+        const Workspace workspace;
+        QWidget window;
+        auto *layout = new QVBoxLayout(&window);
+        auto *before = new QLineEdit;
+        auto *grid = new BoxedGrid;
+        auto *after = new QLineEdit;
+        for (QWidget *part : {static_cast<QWidget *>(before), static_cast<QWidget *>(grid),
+                              static_cast<QWidget *>(after)})
+            layout->addWidget(part);
+        Person::shows(window);
+        grid->appendRow();
+        grid->appendRow();
+        boxAt(grid, 0, 0)->setFocus();
+        QTest::keyClick(boxAt(grid, 0, 0), Qt::Key_Tab);
+        QVERIFY(grid->hasFocus());
+        QCOMPARE(grid->currentIndex(), grid->model()->index(0, 1));
+        boxAt(grid, 1, 0)->setFocus();
+        QTest::keyClick(boxAt(grid, 1, 0), Qt::Key_Backtab);
+        QVERIFY(grid->hasFocus());
+        QCOMPARE(grid->currentIndex(), grid->model()->index(0, 1));
+        QTest::keyClick(grid, Qt::Key_Tab);
+        QVERIFY(after->hasFocus());
+        QTest::keyClick(after, Qt::Key_Tab);
+        QVERIFY(before->hasFocus());
+        boxAt(grid, 0, 0)->setFocus();
+        QTest::keyClick(boxAt(grid, 0, 0), Qt::Key_Backtab);
+        QVERIFY(before->hasFocus());
+    }
+
+    void firstKeyOnTheCellOfABoxReachesTheBox()
+    {
+        const Workspace workspace;
+        BoxedGrid grid;
+        grid.appendRow();
+        boxAt(&grid, 0, 0)->addItems({u"shipper"_s, u"receiver"_s});
+        grid.setCurrentCell(0, 0);
+        grid.setFocus();
+        QTest::keyClicks(&grid, u"r"_s);
+        QCOMPARE(boxAt(&grid, 0, 0)->currentText(), u"receiver"_s);
+        QVERIFY(boxAt(&grid, 0, 0)->hasFocus());
+    }
+
+    void firstKeyOnACellIsTypedOnce()
+    {
+        const Workspace workspace;
+        BoxedGrid grid;
+        grid.appendRow();
+        grid.setCurrentCell(0, 1);
+        grid.setFocus();
+        QTest::keyClicks(&grid, u"4"_s);
+        const auto *line = grid.viewport()->findChild<QLineEdit *>();
+        QVERIFY(line);
+        QCOMPARE(line->text(), u"4"_s);
+    }
+
     void boxesOfRowsThatWentAreOutOfSightAtOnce()
     {
         const Workspace workspace;
