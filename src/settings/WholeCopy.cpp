@@ -53,7 +53,7 @@ bool copyBytes(const QString &sourcePath, const QString &copyPath)
 bool isOnTheDisk(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadWrite))
+    if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
         return false;
 #ifdef Q_OS_WIN
     return ::_commit(file.handle()) == 0;
@@ -72,16 +72,17 @@ WholeCopy::WholeCopy(const QString &targetPath)
 
 bool WholeCopy::takeFrom(const QString &sourcePath, Original original)
 {
-    if (!folder.isValid() || !copy(sourcePath, original))
+    if (!folder.isValid() || !copy(sourcePath, original) || !isOnTheDisk(path()))
         return false;
     QFile::setPermissions(path(), QFile::permissions(sourcePath)); // which not every disk knows
-    return isOnTheDisk(path());
+    return true;
 }
 
 // SQLite finishes what a program left unfinished when it reads a file for the first time. Then a
 // transaction keeps all others from committing while the bytes are copied. In WAL mode, where they
-// need not wait for it, SQLite writes the copy. Nobody else may open such a file here: to close it
-// would take away, as POSIX has it, the locks that the pages hold on it.
+// need not wait for it, SQLite writes the copy. There it alone may open the file: a process that
+// closes any handle of a file loses all its locks on it, and a page holds one as long as it is
+// open.
 bool WholeCopy::copy(const QString &sourcePath, Original original) const
 {
     QString error;

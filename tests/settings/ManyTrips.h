@@ -3,11 +3,14 @@
 #include "support/TestConnection.h"
 #include "support/Workspace.h"
 
-/// A database of 2000 trips of the same number, which takes many pages.
-inline QString makeManyTrips(Workspace &workspace, const QString &fileName, const QString &number)
+/// A database of 2000 trips of the same number. It takes more than one page, but not many.
+inline QString makeManyTrips(const Workspace &workspace, const QString &fileName,
+                             const QString &number)
 {
-    const QString path = workspace.makeTrips(fileName);
+    const QString path = workspace.path(fileName);
     const TestConnection trips(path, QStringLiteral("many trips"));
+    trips.execute(QStringLiteral(
+        "CREATE TABLE trips (id INTEGER PRIMARY KEY, trip_no TEXT, created_at TEXT)"));
     trips.execute(
         QStringLiteral("INSERT INTO trips (trip_no) WITH RECURSIVE row (i) AS (SELECT 1 UNION ALL "
                        "SELECT i + 1 FROM row WHERE i < 2000) SELECT ? FROM row"),

@@ -169,13 +169,20 @@ void tst_DatabaseFiles::copyHasThePermissionsOfItsSource()
 {
     const Workspace workspace;
     const QString source = workspace.makeFile(u"trips.db"_s, oldData);
-    constexpr QFile::Permissions permissions = QFile::ReadOwner | QFile::WriteOwner
-                                               | QFile::ReadUser | QFile::WriteUser
-                                               | QFile::ReadGroup;
-    QVERIFY(QFile::setPermissions(source, permissions));
-    QString error;
-    QVERIFY(copyDatabaseFile(source, workspace.path(u"backup.db"_s), error));
-    QCOMPARE(QFile::permissions(u"backup.db"_s), permissions);
+    constexpr QFile::Permissions readOnly = QFile::ReadOwner | QFile::ReadOther;
+    QVERIFY(QFile::setPermissions(source, readOnly));
+    QVERIFY(QFile::setPermissions(workspace.path(u"."_s), readOnly | QFile::WriteOwner
+                                                              | QFile::ExeOwner | QFile::WriteOther
+                                                              | QFile::ExeOther));
+    {
+        const Stranger stranger;
+        QString error;
+        QVERIFY2(copyDatabaseFile(source, workspace.path(u"backup.db"_s), error),
+                 qPrintable(error));
+    }
+    QCOMPARE(workspace.bytes(u"backup.db"_s), oldData);
+    QCOMPARE(QFileInfo(u"backup.db"_s).permissions() & ~(QFile::ReadUser | QFile::WriteUser),
+             readOnly);
 }
 
 void tst_DatabaseFiles::copyFailsWhereItsFolderCannotBeMade()

@@ -64,7 +64,7 @@ private Q_SLOTS:
 
 void tst_DatabaseFilesInWork::copyHasWhatOnlyTheWalHolds()
 {
-    Workspace workspace;
+    const Workspace workspace;
     const QString source = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
     const OtherProgram other(source, {u"PRAGMA journal_mode = WAL"_s, insertNew});
     const QString target = workspace.path(u"copy.db"_s);
@@ -78,7 +78,7 @@ void tst_DatabaseFilesInWork::copyHasWhatOnlyTheWalHolds()
 // A program that closes a file in WAL mode removes the WAL if it takes itself for the last one.
 void tst_DatabaseFilesInWork::copyLeavesThePagesTheirLocks()
 {
-    Workspace workspace;
+    const Workspace workspace;
     const QString source = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
     const TestConnection page(source);
     QCOMPARE(page.value(u"PRAGMA journal_mode = WAL"_s), u"wal"_s);
@@ -93,7 +93,7 @@ void tst_DatabaseFilesInWork::copyLeavesThePagesTheirLocks()
 
 void tst_DatabaseFilesInWork::copyIsOfOneMomentWhileAnotherProgramWrites()
 {
-    Workspace workspace;
+    const Workspace workspace;
     const QString source = makeManyTrips(workspace, u"trips.db"_s, u"0"_s);
     const QString target = workspace.path(u"copy.db"_s);
     // Eight megabytes lie between the first row and the last.
@@ -111,7 +111,7 @@ void tst_DatabaseFilesInWork::copyIsOfOneMomentWhileAnotherProgramWrites()
 
 void tst_DatabaseFilesInWork::copyLeavesOutWhatIsNotCommitted()
 {
-    Workspace workspace;
+    const Workspace workspace;
     const QString source = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
     const QString target = workspace.path(u"copy.db"_s);
     const OtherProgram other(source, {u"BEGIN"_s, insertNew});
@@ -122,7 +122,7 @@ void tst_DatabaseFilesInWork::copyLeavesOutWhatIsNotCommitted()
 
 void tst_DatabaseFilesInWork::copyTakesBackWhatWasCutOff()
 {
-    Workspace workspace;
+    const Workspace workspace;
     const QString source = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
     OtherProgram::diesInMidWrite(source, u"trips"_s, u"trip_no"_s);
     const QString target = workspace.path(u"copy.db"_s);
@@ -134,7 +134,7 @@ void tst_DatabaseFilesInWork::copyTakesBackWhatWasCutOff()
 
 void tst_DatabaseFilesInWork::lockedFileIsNotCopied()
 {
-    Workspace workspace;
+    const Workspace workspace;
     const QString source = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
     const QString target = workspace.makeFile(u"copy.db"_s, "the old copy");
     const OtherProgram other(source, {u"BEGIN EXCLUSIVE"_s, insertNew});
@@ -147,7 +147,7 @@ void tst_DatabaseFilesInWork::lockedFileIsNotCopied()
 
 void tst_DatabaseFilesInWork::journalOfTheOldCopyDoesNotMeetTheNewOne()
 {
-    Workspace workspace;
+    const Workspace workspace;
     const QString source = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
     const QString target = makeManyTrips(workspace, u"copy.db"_s, u"old"_s);
     OtherProgram::diesInMidWrite(target, u"trips"_s, u"trip_no"_s);
@@ -158,7 +158,7 @@ void tst_DatabaseFilesInWork::journalOfTheOldCopyDoesNotMeetTheNewOne()
 
 void tst_DatabaseFilesInWork::oldCopyKeepsWhatItsWalHoldsWhenItStays()
 {
-    Workspace workspace;
+    const Workspace workspace;
     const QString source = makeManyTrips(workspace, u"trips.db"_s, u"other"_s);
     const QString target = makeManyTrips(workspace, u"copy.db"_s, u"kept"_s);
     OtherProgram::diesInWalMode(target, {insertNew});
@@ -170,7 +170,7 @@ void tst_DatabaseFilesInWork::oldCopyKeepsWhatItsWalHoldsWhenItStays()
 
 void tst_DatabaseFilesInWork::copyDoesNotGoBesideTheJournalOfAFileThatIsGone()
 {
-    Workspace workspace;
+    const Workspace workspace;
     const QString source = makeManyTrips(workspace, u"trips.db"_s, u"other"_s);
     const QString target = makeManyTrips(workspace, u"copy.db"_s, u"kept"_s);
     OtherProgram::diesInMidWrite(target, u"trips"_s, u"trip_no"_s);
@@ -185,7 +185,7 @@ void tst_DatabaseFilesInWork::copyDoesNotGoBesideTheJournalOfAFileThatIsGone()
 
 void tst_DatabaseFilesInWork::oldCopyThatAnotherProgramWritesToStays()
 {
-    Workspace workspace;
+    const Workspace workspace;
     const QString source = makeManyTrips(workspace, u"trips.db"_s, u"other"_s);
     const QString target = makeManyTrips(workspace, u"copy.db"_s, u"kept"_s);
     {
@@ -199,7 +199,7 @@ void tst_DatabaseFilesInWork::oldCopyThatAnotherProgramWritesToStays()
 
 void tst_DatabaseFilesInWork::importedFileDoesNotMeetTheJournalOfTheOldOne()
 {
-    Workspace workspace;
+    const Workspace workspace;
     const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
     const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
     OtherProgram::diesInMidWrite(target, u"trips"_s, u"trip_no"_s);
@@ -213,7 +213,7 @@ void tst_DatabaseFilesInWork::importedFileDoesNotMeetTheJournalOfTheOldOne()
 
 void tst_DatabaseFilesInWork::importedFileDoesNotMeetTheJournalOfAFileThatIsGone()
 {
-    Workspace workspace;
+    const Workspace workspace;
     const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
     const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
     OtherProgram::diesInMidWrite(target, u"trips"_s, u"trip_no"_s);
@@ -227,7 +227,7 @@ void tst_DatabaseFilesInWork::importedFileDoesNotMeetTheJournalOfAFileThatIsGone
 
 void tst_DatabaseFilesInWork::importedFileDoesNotMeetTheWalOfAFileThatIsGone()
 {
-    Workspace workspace;
+    const Workspace workspace;
     const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
     const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
     OtherProgram::diesInWalMode(target, {insertNew});
@@ -242,7 +242,7 @@ void tst_DatabaseFilesInWork::importedFileDoesNotMeetTheWalOfAFileThatIsGone()
 
 void tst_DatabaseFilesInWork::importTakesBackWhatWasCutOffInItsSource()
 {
-    Workspace workspace;
+    const Workspace workspace;
     const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
     const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
     OtherProgram::diesInMidWrite(source, u"trips"_s, u"trip_no"_s);
@@ -253,7 +253,7 @@ void tst_DatabaseFilesInWork::importTakesBackWhatWasCutOffInItsSource()
 
 void tst_DatabaseFilesInWork::importTakesInWhatOnlyTheWalHolds()
 {
-    Workspace workspace;
+    const Workspace workspace;
     const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
     const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
     const OtherProgram other(source, {u"PRAGMA journal_mode = WAL"_s, insertNew});
@@ -264,7 +264,7 @@ void tst_DatabaseFilesInWork::importTakesInWhatOnlyTheWalHolds()
 
 void tst_DatabaseFilesInWork::backupHasWhatOnlyTheWalHeld()
 {
-    Workspace workspace;
+    const Workspace workspace;
     const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
     const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
     OtherProgram::diesInWalMode(target, {insertNew});
@@ -278,7 +278,7 @@ void tst_DatabaseFilesInWork::backupHasWhatOnlyTheWalHeld()
 
 void tst_DatabaseFilesInWork::fileThatIsNoDatabaseIsReplacedWithWhatLiesBesideIt()
 {
-    Workspace workspace;
+    const Workspace workspace;
     const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
     const QString target = workspace.makeFile(u"trips.db"_s, "Dear carrier,");
     for (const QString &ending : {u"-journal"_s, u"-wal"_s, u"-shm"_s})
@@ -292,7 +292,7 @@ void tst_DatabaseFilesInWork::fileThatIsNoDatabaseIsReplacedWithWhatLiesBesideIt
 
 void tst_DatabaseFilesInWork::databaseThatAnotherProgramHoldsInWalModeIsNotReplaced()
 {
-    Workspace workspace;
+    const Workspace workspace;
     const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
     const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
     const OtherProgram other(target, {u"PRAGMA journal_mode = WAL"_s, insertNew});
@@ -308,7 +308,7 @@ void tst_DatabaseFilesInWork::databaseThatAnotherProgramHoldsInWalModeIsNotRepla
 
 void tst_DatabaseFilesInWork::databaseThatAnotherProgramWritesToIsNotReplaced()
 {
-    Workspace workspace;
+    const Workspace workspace;
     const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
     const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
     {
@@ -327,7 +327,7 @@ void tst_DatabaseFilesInWork::databaseThatAnotherProgramWritesToIsNotReplaced()
 
 void tst_DatabaseFilesInWork::lockedSourceIsNotImported()
 {
-    Workspace workspace;
+    const Workspace workspace;
     const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
     const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
     const OtherProgram other(source, {u"BEGIN EXCLUSIVE"_s});

@@ -1,0 +1,62 @@
+#include "settings/Interruptions.h"
+#include "settings/ManyTrips.h"
+#include "support/OtherProgram.h"
+#include "support/TestProgram.h"
+#include "support/TracedProgram.h"
+
+#include <QFile>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using End = TracedProgram::End;
+
+/// Exports die at each system call that changes something, or have it fail.
+class tst_ExportInterrupted : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { workInMemory(); }
+    void exportLeavesTheOldCopyOrTheNewOne();
+    void exportWithAWalLeavesTheOldCopyOrTheNewOne();
+};
+
+namespace {
+
+void interruptExports(const QString &live, const QString &copy, const QString &whole)
+{
+    const TracedProgram program(QStringLiteral(TRANSFER_PROBE), {u"Export"_s, copy});
+    const QString old = tripsIn(copy);
+    program.isInterruptedAtEveryCall([&](End end, const TracedProgram::Call &call) {
+        noPartOfACopyIsLeft(end, call);
+        QCOMPARE(tripsIn(live), whole);
+        const QString trips = tripsIn(copy);
+        if (end == End::Killed)
+            QVERIFY2(trips == old || trips == whole, qPrintable(trips));
+        else
+            QCOMPARE(trips, end == End::Well ? whole : old);
+    });
+}
+
+} // namespace
+
+void tst_ExportInterrupted::exportLeavesTheOldCopyOrTheNewOne()
+{
+    const Workspace workspace;
+    const QString live = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
+    const QString copy = makeManyTrips(workspace, u"copy.db"_s, u"old"_s);
+    interruptExports(live, copy, u"ok: 2000 kept"_s);
+}
+
+void tst_ExportInterrupted::exportWithAWalLeavesTheOldCopyOrTheNewOne()
+{
+    const Workspace workspace;
+    const QString live = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
+    const QString copy = makeManyTrips(workspace, u"copy.db"_s, u"old"_s);
+    OtherProgram::diesInWalMode(live, {u"INSERT INTO trips (trip_no) VALUES ('new')"_s});
+    interruptExports(live, copy, u"ok: 2000 kept, 1 new"_s);
+}
+
+TEST_CLASS_WITHOUT_WINDOWS(tst_ExportInterrupted)
+
+#include "tst_ExportInterrupted.moc"
