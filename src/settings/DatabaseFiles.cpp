@@ -146,6 +146,7 @@ bool replaceDatabaseFile(const QString &sourcePath, const QString &targetPath, Q
                         u"Could not remove existing database after creating safety backup:\n"_s
                             + targetPath);
     }
+    // A file that somebody took away may have left a journal that the new one must not meet either.
     return (JournalFiles::move(targetPath, backupPath) && copyInto(sourcePath, targetPath))
            || fail(errorOut,
                    u"Could not copy database from:\n%1\n\nto:\n%2"_s.arg(sourcePath, targetPath));

@@ -17,7 +17,7 @@ class tst_DatabaseImportInterrupted : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { workInMemory(); }
+    void initTestCase() { TracedProgram::worksInMemory(); }
     void importLeavesTheDatabaseOrItsBackup();
     void importOfAWalOverAHotJournalLeavesTheDatabaseOrItsBackup();
 };

@@ -16,7 +16,7 @@ class tst_ExportInterrupted : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { workInMemory(); }
+    void initTestCase() { TracedProgram::worksInMemory(); }
     void exportLeavesTheOldCopyOrTheNewOne();
     void exportWithAWalLeavesTheOldCopyOrTheNewOne();
 };
@@ -27,8 +27,10 @@ void interruptExports(const QString &live, const QString &copy, const QString &w
 {
     const TracedProgram program(QStringLiteral(TRANSFER_PROBE), {u"Export"_s, copy});
     const QString old = tripsIn(copy);
+    QStringList calls;
     program.isInterruptedAtEveryCall([&](End end, const TracedProgram::Call &call) {
         noPartOfACopyIsLeft(end, call);
+        calls.append(call.name);
         QCOMPARE(tripsIn(live), whole);
         const QString trips = tripsIn(copy);
         if (end == End::Killed)
@@ -36,6 +38,9 @@ void interruptExports(const QString &live, const QString &copy, const QString &w
         else
             QCOMPARE(trips, end == End::Well ? whole : old);
     });
+    // The copy is on the disk before it has its name.
+    QVERIFY(calls.contains(u"fsync"_s));
+    QVERIFY(calls.indexOf(u"fsync"_s) < calls.indexOf(u"rename"_s));
 }
 
 } // namespace

@@ -79,6 +79,12 @@ TracedProgram::TracedProgram(const QString &programPath, const QStringList &prog
 {
 }
 
+void TracedProgram::worksInMemory()
+{
+    if (QDir(u"/dev/shm"_s).exists())
+        qputenv("TMPDIR", "/dev/shm");
+}
+
 void TracedProgram::isInterruptedAtEveryCall(
     const std::function<void(End, const Call &)> &check) const
 {

@@ -24,6 +24,10 @@ public:
 
     TracedProgram(const QString &programPath, const QStringList &programArguments);
 
+    /// Lets each Workspace that follows lie in memory, where the machine has a folder for it: to
+    /// wait for the disk would be most of the time of a thousand runs.
+    static void worksInMemory();
+
     /// Runs the program to its end once, and then three times for each call of that run: it is
     /// killed as it makes the call, or the call fails for want of space, or for a broken disk. Each
     /// run begins with the files of the current folder as they are now, and ends with `check`,
