@@ -42,6 +42,7 @@ private Q_SLOTS:
     void locationSavedByHandIsCountedOnTheStartScreen();
     void startScreenRefreshesWhenShown();
     void startScreenTellsTheFileHeldOpenFromAnotherFolder();
+    void ofSeveralFilesTheStartScreenTellsTheOneOfTheTripsPage();
     void pageStandsBesideTheNavigationAndGrows();
     void statusTextStandsInLabelAndBar();
     void statusTextIsShownOnce();
@@ -268,6 +269,31 @@ void tst_BrindlepathApp::startScreenTellsTheFileHeldOpenFromAnotherFolder()
     Person::clicks(window, u"Open trips.db"_s);
     goTo(window, u"Start Screen"_s);
     QCOMPARE(textOf(window, "startDatabaseValue"), u"TRIPS.DB"_s);
+    QCOMPARE(textOf(window, "startTripsValue"), u"0"_s);
+}
+
+void tst_BrindlepathApp::ofSeveralFilesTheStartScreenTellsTheOneOfTheTripsPage()
+{
+    Workspace workspace;
+    const QString elsewhere = workspace.makeTrips(u"old/trips.db"_s);
+    workspace.makeTrips();
+    trip().no(u"4471203"_s).insert(workspace);
+    DialogRobot robot;
+    BrindlepathApp window;
+    Person::shows(window);
+    const auto opensElsewhereOn = [&](const QString &page) {
+        goTo(window, page);
+        robot.expectFileDialog(u"Open trips.db"_s).choose(elsewhere);
+        Person::clicks(window, u"Open trips.db"_s);
+        goTo(window, u"Start Screen"_s);
+    };
+    opensElsewhereOn(u"Totals"_s);
+    QCOMPARE(textOf(window, "startTripsValue"), u"1"_s);
+    opensElsewhereOn(u"View Payweek"_s);
+    QCOMPARE(textOf(window, "startTripsValue"), u"1"_s);
+    opensElsewhereOn(u"Edit Settlement"_s);
+    QCOMPARE(textOf(window, "startTripsValue"), u"1"_s);
+    opensElsewhereOn(u"Trips"_s);
     QCOMPARE(textOf(window, "startTripsValue"), u"0"_s);
 }
 
