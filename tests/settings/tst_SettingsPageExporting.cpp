@@ -39,6 +39,8 @@ private Q_SLOTS:
     void exportOverwritesWhereToldTo();
     void exportOverTheLiveDatabaseRemovesNothing_data() { addDatabases(); }
     void exportOverTheLiveDatabaseRemovesNothing();
+    void exportOverTheOtherLiveDatabaseIsRefused_data() { addDatabases(); }
+    void exportOverTheOtherLiveDatabaseIsRefused();
     void exportToTheSamePathInOtherLetterCaseIsRefused();
     void exportToAFolderThatDoesNotExistMakesIt_data() { addDatabases(); }
     void exportToAFolderThatDoesNotExistMakesIt();
@@ -174,6 +176,27 @@ void tst_SettingsPageExporting::exportOverTheLiveDatabaseRemovesNothing()
                  u"Source and target file are the same:\n"_s + live);
     settings.clicks(database.exportButton);
     QCOMPARE(workspace.bytes(database.fileName), content);
+    QVERIFY(activity(workspace).isEmpty());
+}
+
+void tst_SettingsPageExporting::exportOverTheOtherLiveDatabaseIsRefused()
+{
+    const Words &database = theDatabase();
+    const Words &other = &database == &trips ? locations : trips;
+    Workspace workspace;
+    makeDatabases(workspace);
+    const QByteArray content = workspace.bytes(other.fileName);
+    const TestConnection page(workspace.path(database.fileName));
+    DialogRobot robot;
+    const SettingsWindow settings;
+    const QString target = workspace.path(other.fileName);
+    robot.expectFileDialog(database.exportButton).choose(target);
+    expectOverwriteQuestion(robot, target, u"Yes"_s);
+    robot.expect(DialogRobot::Critical, database.exportFailed,
+                 u"Target file is a database in use:\n"_s + target);
+    settings.clicks(database.exportButton);
+    QCOMPARE(workspace.bytes(other.fileName), content);
+    QVERIFY(page.database().isOpen());
     QVERIFY(activity(workspace).isEmpty());
 }
 
