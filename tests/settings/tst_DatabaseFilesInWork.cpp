@@ -1,5 +1,6 @@
 #include "settings/Backups.h"
 #include "settings/DatabaseFiles.h"
+#include "settings/FailingFiles.h"
 #include "settings/ManyTrips.h"
 #include "support/OtherProgram.h"
 #include "support/TestProgram.h"
@@ -162,9 +163,10 @@ void tst_DatabaseFilesInWork::oldCopyKeepsWhatItsWalHoldsWhenItStays()
     const QString source = makeManyTrips(workspace, u"trips.db"_s, u"other"_s);
     const QString target = makeManyTrips(workspace, u"copy.db"_s, u"kept"_s);
     OtherProgram::diesInWalMode(target, {insertNew});
-    const OtherProgram other(source, {u"BEGIN EXCLUSIVE"_s});
+    const HeldFile held(target);
     QString error;
     QVERIFY(!copyDatabaseFile(source, target, error));
+    QCOMPARE(error, "Could not replace existing file:\n"_L1 + target);
     QCOMPARE(tripsIn(target), keptAndNew);
 }
 
