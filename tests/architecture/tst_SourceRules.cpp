@@ -79,7 +79,7 @@ const QMap<QString, QStringList> mayKnow = {
     {u"app_core"_s, {u"data_core"_s}},
     {u"app"_s,
      {u"app_core"_s, u"settings_core"_s, u"data_core"_s, u"ui"_s, u"locations"_s, u"pdfimport"_s,
-      u"pdfimport/history"_s, u"trips"_s, u"settlements"_s, u"reports"_s, u"reports/totals"_s,
+      u"pdfimport/tools_core"_s, u"pdfimport/history"_s, u"trips"_s, u"settlements"_s, u"reports"_s, u"reports/totals"_s,
       u"settings"_s}},
 };
 

@@ -1,6 +1,10 @@
 #include "pdfimport/tools/ToolProcess.h"
 
+#include <QDeadlineTimer>
 #include <QProcess>
+
+#include <algorithm>
+#include <atomic>
 
 #ifdef Q_OS_LINUX
 #include <csignal>
@@ -14,6 +18,10 @@ namespace {
 
 constexpr int startLimitMs = 5000;
 constexpr int killLimitMs = 3000;
+constexpr qint64 lookUpMs = 100;
+
+std::atomic<bool> toolsAreEnded = false;
+static_assert(std::atomic<bool>::is_always_lock_free); // so that a signal handler may set it
 
 template <typename Value>
 void give(Value *target, const Value &value)
@@ -44,7 +52,22 @@ void dieWithThisProgram([[maybe_unused]] QProcess &process)
 #endif
 }
 
+// Whether the program ended by itself, within its limit and while tools may run.
+bool comesToItsEnd(QProcess &process, int timeoutMs)
+{
+    const QDeadlineTimer limit(timeoutMs);
+    bool ended = false;
+    while (!ended && !toolsAreEnded && !limit.hasExpired())
+        ended = process.waitForFinished(int(std::min(lookUpMs, limit.remainingTime())));
+    return ended;
+}
+
 } // namespace
+
+void endTools()
+{
+    toolsAreEnded = true;
+}
 
 bool runProcess(const QString &program, const QStringList &arguments,
                 const QString &workingDirectory, int timeoutMs, QString *standardOutput,
@@ -57,6 +80,8 @@ bool runProcess(const QString &program, const QStringList &arguments,
         return false;
     };
 
+    if (toolsAreEnded)
+        return fail("Process ended: "_L1);
     QProcess process;
     process.setProcessEnvironment(withOneThread());
     if (!workingDirectory.trimmed().isEmpty())
@@ -65,10 +90,10 @@ bool runProcess(const QString &program, const QStringList &arguments,
     process.start(program, arguments);
     if (!process.waitForStarted(startLimitMs))
         return fail("Could not start process: "_L1);
-    if (!process.waitForFinished(timeoutMs)) {
+    if (!comesToItsEnd(process, timeoutMs)) {
         process.kill();
         process.waitForFinished(killLimitMs);
-        return fail("Process timed out: "_L1);
+        return fail(toolsAreEnded ? "Process ended: "_L1 : "Process timed out: "_L1);
     }
     give(standardOutput, QString::fromLocal8Bit(process.readAllStandardOutput()));
     give(standardError, QString::fromLocal8Bit(process.readAllStandardError()).trimmed());

@@ -14,6 +14,7 @@ namespace {
 
 constexpr int amplyMs = 30'000;
 constexpr int brieflyMs = 100;
+constexpr auto sleepsForAMinute = "echo $$ >started; mv started process; exec sleep 60\n";
 
 /// One run with all that it gives, which starts out as something that no run gives.
 struct Run
@@ -166,8 +167,7 @@ private Q_SLOTS:
     void aProgramDiesWithTheOneThatRunsIt()
     {
         const Workspace workspace;
-        const QString tool =
-            workspace.makeTool(u"tool"_s, "echo $$ >started; mv started process; exec sleep 60\n");
+        const QString tool = workspace.makeTool(u"tool"_s, sleepsForAMinute);
         ::prctl(PR_SET_CHILD_SUBREAPER, 1); // so that the orphan is this test's to wait for
         QProcess probe;
         probe.start(QStringLiteral(TOOL_PROBE), {tool});
@@ -178,6 +178,21 @@ private Q_SLOTS:
         int status = 0;
         QVERIFY(QTest::qWaitFor([&] { return ::waitpid(process, &status, WNOHANG) == process; }));
         QVERIFY(WIFSIGNALED(status));
+    }
+
+    void programsEndAndStartNoMoreWhenThisOneIsAskedToEnd()
+    {
+        const Workspace workspace;
+        const QString tool = workspace.makeTool(u"tool"_s, sleepsForAMinute);
+        QProcess probe;
+        probe.start(QStringLiteral(TOOL_PROBE), {tool});
+        QTRY_VERIFY(QFile::exists(workspace.path(u"process"_s)));
+        probe.terminate();
+        QVERIFY(probe.waitForFinished(10'000));
+        QCOMPARE(QString::fromLocal8Bit(probe.readAll()),
+                 u"Process ended: %1\nProcess ended: %1\n"_s.arg(tool));
+        const int process = workspace.bytes(u"process"_s).trimmed().toInt();
+        QCOMPARE(::kill(process, 0), -1);
     }
 
     void muchOutputOnBothSidesArrivesWhole()
