@@ -26,8 +26,10 @@ bool changesSomething(const QString &name, const QString &arguments)
         return arguments.contains("O_CREAT"_L1) || arguments.contains("O_TRUNC"_L1);
     if (name == "ioctl"_L1)
         return arguments.contains("FICLONE"_L1);
-    if (name.startsWith("write"_L1)) // to a file, not to the console
-        return arguments.section(u',', 0, 0).toInt() > 2;
+    if (name.startsWith("write"_L1)) { // to a file, not to the console or a pipe
+        static const QRegularExpression file(u"^(\\d+)</"_s);
+        return file.match(arguments).captured(1).toInt() > 2;
+    }
     return true;
 }
 
@@ -110,7 +112,8 @@ QList<TracedProgram::Call> TracedProgram::calls() const
 {
     const QTemporaryDir folder;
     const QString log = folder.filePath(u"calls"_s);
-    if (runs({u"--trace="_s + tracedCalls, u"--output="_s + log}) != End::Well)
+    if (runs({u"--trace="_s + tracedCalls, u"--decode-fds=path"_s, u"--output="_s + log})
+        != End::Well)
         QTest::qFail(qPrintable(program + " did not come to its end."_L1), __FILE__, __LINE__);
     static const QRegularExpression call(u"^(?:\\d+ +)?(\\w+)\\((.*)$"_s);
     QMap<QString, int> numbers;
