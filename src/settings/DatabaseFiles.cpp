@@ -72,27 +72,34 @@ bool makeReplaceable(const QString &targetPath, QString &errorOut)
         const bool isFolder = target.isDir() && !target.isSymLink();
         if (isFolder || !QFileInfo(target.absolutePath()).isWritable())
             return fail(errorOut, u"Could not replace existing file:\n"_s + targetPath);
-        if (!JournalFiles::withContent(targetPath).isEmpty())
-            JournalFiles::finish(targetPath);
+        if (JournalFiles::withContent(targetPath).isEmpty() || JournalFiles::finish(targetPath))
+            return true;
     }
     const QStringList left = JournalFiles::withContent(targetPath);
     return left.isEmpty()
            || fail(errorOut, u"Could not replace existing file:\n"_s + left.constFirst());
 }
 
-bool keepBackup(const QString &targetPath, const QString &backupPath)
+// As long as the copy lives no other program can write to the file: what it committed after the
+// copy was made would be gone with the file. A WAL that is still there belongs to another program.
+// Any other journal has nothing more to tell SQLite, and stays with the backup.
+bool replaceByBackup(const QString &targetPath, const QString &backupPath, QString &errorOut,
+                     QString *backupOut)
 {
     WholeCopy backup(backupPath);
-    return !QFile::exists(backupPath) && backup.takeFrom(targetPath, WholeCopy::Original::Goes)
-           && backup.putInPlace();
-}
-
-// With its last connection a file in WAL mode loses its WAL, so one that is still there belongs to
-// another program. Any other journal has nothing more to tell SQLite, and stays with the backup.
-bool removeReplaced(const QString &targetPath, const QString &backupPath)
-{
-    return !QFile::exists(targetPath + "-wal"_L1) && JournalFiles::move(targetPath, backupPath)
-           && QFile::remove(targetPath);
+    if (QFile::exists(backupPath) || !backup.takeFrom(targetPath, WholeCopy::Original::Goes)
+        || !backup.putInPlace())
+        return fail(errorOut,
+                    u"Could not create safety backup before replacing database:\n"_s + backupPath);
+    if (backupOut)
+        *backupOut = backupPath;
+#ifdef Q_OS_WIN
+    backup.letGo(); // an open file cannot be removed there
+#endif
+    return (!QFile::exists(targetPath + "-wal"_L1) && JournalFiles::move(targetPath, backupPath)
+            && QFile::remove(targetPath))
+           || fail(errorOut, u"Could not remove existing database after creating safety backup:\n"_s
+                                 + targetPath);
 }
 
 bool copyInto(const QString &sourcePath, const QString &targetPath)
@@ -135,17 +142,8 @@ bool replaceDatabaseFile(const QString &sourcePath, const QString &targetPath, Q
     if (!makeFolderOf(targetPath, errorOut))
         return false;
     const QString backupPath = backupPathOf(targetPath);
-    if (QFile::exists(targetPath)) {
-        if (!keepBackup(targetPath, backupPath))
-            return fail(errorOut, u"Could not create safety backup before replacing database:\n"_s
-                                      + backupPath);
-        if (backupOut)
-            *backupOut = backupPath;
-        if (!removeReplaced(targetPath, backupPath))
-            return fail(errorOut,
-                        u"Could not remove existing database after creating safety backup:\n"_s
-                            + targetPath);
-    }
+    if (QFile::exists(targetPath) && !replaceByBackup(targetPath, backupPath, errorOut, backupOut))
+        return false;
     // A file that somebody took away may have left a journal that the new one must not meet either.
     return (JournalFiles::move(targetPath, backupPath) && copyInto(sourcePath, targetPath))
            || fail(errorOut,

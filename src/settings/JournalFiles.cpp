@@ -29,11 +29,16 @@ QStringList withContent(const QString &databasePath)
     return paths;
 }
 
-void finish(const QString &databasePath)
+bool finish(const QString &databasePath)
 {
-    QString ignored;
-    const OneCallConnection connection(u"database_copy_connection"_s, databasePath, ignored);
-    runSql(connection.database(), u"SELECT COUNT(*) FROM sqlite_master"_s, {}, ignored);
+    QString error;
+    bool isFree = false;
+    {
+        const OneCallConnection connection(u"database_copy_connection"_s, databasePath, error);
+        isFree = runSql(connection.database(), u"SELECT COUNT(*) FROM sqlite_master"_s, {}, error)
+                 && runSql(connection.database(), u"BEGIN IMMEDIATE"_s, {}, error);
+    }
+    return isFree && QFileInfo(databasePath + "-wal"_L1).size() == 0;
 }
 
 bool remove(const QString &databasePath)

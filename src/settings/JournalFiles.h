@@ -10,9 +10,9 @@ namespace JournalFiles {
 /// The paths of those that hold anything.
 QStringList withContent(const QString &databasePath);
 
-/// Lets SQLite bring what they hold into the database, as far as it can and no other program is at
-/// work on it.
-void finish(const QString &databasePath);
+/// Lets SQLite bring what they hold into the database. False where it cannot, as while another
+/// program is at work on it; else what still lies there is of no more use.
+bool finish(const QString &databasePath);
 
 /// Removes all of them; false if one stays.
 bool remove(const QString &databasePath);

@@ -1,7 +1,12 @@
 #pragma once
 
+#include "data/OneCallConnection.h"
+
+#include <QFile>
 #include <QString>
 #include <QTemporaryDir>
+
+#include <optional>
 
 /// A copy of a file, made in a folder of its own beside the place that it is for. No half of a copy
 /// ever stands in that place, and what stood there stays until the copy is whole and on the disk.
@@ -25,10 +30,18 @@ public:
     /// be.
     bool putInPlace();
 
+    /// Lets other programs write to the original again, as the end of this does.
+    void letGo();
+
 private:
-    bool copy(const QString &sourcePath, Original original) const;
+    bool copy(const QString &sourcePath, Original original);
+    int askFirst(const QString &sql, QVariant &answer) const;
+    bool copyBySqlite(const QString &sourcePath);
+    bool copyBytes(const QString &sourcePath);
     [[nodiscard]] QString path() const { return folder.filePath(QStringLiteral("copy")); }
 
     QString target;
     QTemporaryDir folder;
+    QFile source;
+    std::optional<OneCallConnection> connection;
 };
