@@ -12,6 +12,7 @@
 #include "settlements/EditSettlementPage.h"
 #include "settlements/ViewPayweekPage.h"
 #include "trips/TripsPage.h"
+#include "ui/ShownText.h"
 #include "ui/UiScale.h"
 #include "ui_BrindlepathApp.h"
 
@@ -195,9 +196,10 @@ void BrindlepathApp::buildStatusLine()
 
 void BrindlepathApp::setStatusText(const QString &text)
 {
+    const QString shown = ShownText::shortened(text);
     if (statusLabel)
-        statusLabel->setText(text);
-    statusBar()->showMessage(text, 0);
+        statusLabel->setText(shown);
+    statusBar()->showMessage(shown, 0);
 }
 
 void BrindlepathApp::applyUiScale(int percent)
@@ -248,7 +250,7 @@ void BrindlepathApp::updateViewPayweekTitle(const QString &payweek)
 {
     QString title = ProductFacts::displayName + " - "_L1 + viewPayweekName;
     if (const QString week = payweek.trimmed(); !week.isEmpty())
-        title += " - "_L1 + week;
+        title += " - "_L1 + ShownText::shortened(week);
     setWindowTitle(title);
 }
 

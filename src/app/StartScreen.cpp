@@ -5,6 +5,7 @@
 #include "app/StartScreenText.h"
 #include "data/DatabaseLocator.h"
 #include "settings/ProductFacts.h"
+#include "ui/ShownText.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>
@@ -100,12 +101,12 @@ void BrindlepathApp::refreshStartScreen()
     const int trips = DashboardStats::countTableRows(u"trips"_s);
     const int locations = DashboardStats::countLocations();
     const QString payweek = DashboardStats::currentPayweek();
-    const QStringList activity = DashboardStats::recentActivity();
+    const QStringList activity = ShownText::shortened(DashboardStats::recentActivity());
 
     startDatabaseValue->setText(StartScreenText::databaseText(path));
     startTripsValue->setText(StartScreenText::tripsText(trips));
     startLocationsValue->setText(StartScreenText::locationsText(locations));
-    startPayweekValue->setText(StartScreenText::payweekText(payweek));
+    startPayweekValue->setText(ShownText::shortened(StartScreenText::payweekText(payweek)));
     startBackupValue->setText(StartScreenText::backupText());
     startActivityLabel->setText(StartScreenText::activityText(activity));
 }

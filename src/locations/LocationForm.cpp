@@ -1,6 +1,7 @@
 #include "locations/LocationForm.h"
 
 #include "locations/LocationsRepository.h"
+#include "ui/FieldText.h"
 
 #include <QFormLayout>
 #include <QLineEdit>
@@ -49,27 +50,27 @@ QStringList LocationForm::location() const
 {
     QStringList texts;
     for (const QLineEdit *field : fields)
-        texts.append(field->text());
-    return texts << notes->toPlainText();
+        texts.append(FieldText::of(field));
+    return texts << FieldText::of(notes);
 }
 
 void LocationForm::showLocation(const QStringList &location)
 {
     for (qsizetype field = 0; field < fields.size(); ++field)
-        fields.at(field)->setText(location.value(field));
-    notes->setPlainText(location.value(Notes));
+        FieldText::show(fields.at(field), location.value(field));
+    FieldText::show(notes, location.value(Notes));
 }
 
 QString LocationForm::code() const
 {
-    return fields.at(Code)->text().trimmed();
+    return FieldText::of(fields.at(Code)).trimmed();
 }
 
 void LocationForm::setReadOnly(bool readOnly)
 {
     for (QLineEdit *field : std::as_const(fields))
-        field->setReadOnly(readOnly);
-    notes->setReadOnly(readOnly);
+        FieldText::setReadOnly(field, readOnly);
+    FieldText::setReadOnly(notes, readOnly);
 }
 
 void LocationForm::focusCode()

@@ -9,6 +9,7 @@
 #include "ui/DataCell.h"
 #include "ui/DataTable.h"
 #include "ui/PageParts.h"
+#include "ui/ShownText.h"
 #include "ui/WheelGuard.h"
 
 #include <QBoxLayout>
@@ -171,7 +172,7 @@ void EditSettlementPage::reloadPayweeks()
     {
         const QSignalBlocker blocker(payweekBox);
         payweekBox->clear();
-        payweekBox->addItems(payweeks);
+        PageParts::addChoices(payweekBox, payweeks);
         if (!payweeks.isEmpty())
             payweekBox->setCurrentIndex(std::max(0, selected));
     }
@@ -250,8 +251,9 @@ void EditSettlementPage::showItems(const QString &payweek, const QList<QStringLi
 {
     showRows(rows);
     summary->setText(tr("Summary for %1: Revenue $%2 | Expenses $%3 | Net $%4 | Rows %5")
-                         .arg(payweek, number2Text(revenue), number2Text(expense),
-                              number2Text(revenue - expense), QString::number(rows.size())));
+                         .arg(ShownText::shortened(payweek), number2Text(revenue),
+                              number2Text(expense), number2Text(revenue - expense),
+                              QString::number(rows.size())));
     emptyLabel->setVisible(rows.isEmpty());
 }
 
@@ -404,7 +406,7 @@ bool EditSettlementPage::requirePayweek()
 
 QString EditSettlementPage::currentPayweek() const
 {
-    return payweekBox->currentText().trimmed();
+    return PageParts::chosenText(payweekBox).trimmed();
 }
 
 void EditSettlementPage::report(const QString &text) const

@@ -1,7 +1,9 @@
 #include "settlements/SettlementItemForm.h"
 
 #include "data/DomainRules.h"
+#include "ui/FieldText.h"
 #include "ui/NameBox.h"
+#include "ui/ShownText.h"
 #include "ui/WheelGuard.h"
 
 #include <QComboBox>
@@ -58,7 +60,7 @@ QString SettlementItemForm::kind() const
 
 QString SettlementItemForm::name() const
 {
-    return nameBox->currentText().trimmed();
+    return FieldText::of(nameBox).trimmed();
 }
 
 double SettlementItemForm::amount() const
@@ -91,13 +93,13 @@ void SettlementItemForm::offerNames(const QStringList &names)
     const QString typed = name();
     const QSignalBlocker blocker(nameBox);
     nameBox->clear();
-    nameBox->addItems(names);
+    nameBox->addItems(ShownText::withoutTooLong(names));
     showName(typed);
 }
 
 void SettlementItemForm::showName(const QString &name)
 {
-    nameBox->setCurrentIndex(name.isEmpty() ? -1 : nameBox->findText(name, Qt::MatchFixedString));
-    if (nameBox->currentIndex() < 0)
-        nameBox->setEditText(name);
+    const int index = name.isEmpty() ? -1 : nameBox->findText(name, Qt::MatchFixedString);
+    nameBox->setCurrentIndex(index);
+    FieldText::show(nameBox, index < 0 ? name : nameBox->itemText(index));
 }

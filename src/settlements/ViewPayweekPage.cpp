@@ -7,6 +7,7 @@
 #include "settlements/PayweekTables.h"
 #include "ui/DataTable.h"
 #include "ui/PageParts.h"
+#include "ui/ShownText.h"
 #include "ui/WheelGuard.h"
 
 #include <QBoxLayout>
@@ -174,7 +175,7 @@ void ViewPayweekPage::reloadPayweeks()
     {
         const QSignalBlocker blocker(payweekBox);
         payweekBox->clear();
-        payweekBox->addItems(payweeks);
+        PageParts::addChoices(payweekBox, payweeks);
         if (!payweeks.isEmpty())
             payweekBox->setCurrentIndex(std::max(0, selected));
     }
@@ -183,7 +184,7 @@ void ViewPayweekPage::reloadPayweeks()
 
 QString ViewPayweekPage::currentPayweek() const
 {
-    return payweekBox->currentText().trimmed();
+    return PageParts::chosenText(payweekBox).trimmed();
 }
 
 void ViewPayweekPage::showPayweek(const QString &payweek)
@@ -208,7 +209,7 @@ void ViewPayweekPage::showPayweek(const QString &payweek)
 
 int ViewPayweekPage::indexOfPayweek(const QString &payweek) const
 {
-    const int index = payweekBox->findText(payweek, Qt::MatchFixedString);
+    const int index = payweekBox->findText(ShownText::shortened(payweek), Qt::MatchFixedString);
     const QDate date = DomainRules::parseViewPayweekDate(payweek);
     if (index >= 0 || !date.isValid())
         return index;
@@ -239,6 +240,7 @@ void ViewPayweekPage::loadSummary()
     }
     PayweekTables::showTrips(tripTable, read.trips);
     PayweekTables::showItems(itemTable, read.items);
+    read.figures.payweek = ShownText::shortened(read.figures.payweek);
     summary->setPlainText(payweekReport(read.figures));
     report(tr("Loaded View Payweek summary for %1").arg(payweek));
 }

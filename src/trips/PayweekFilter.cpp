@@ -1,5 +1,6 @@
 #include "trips/PayweekFilter.h"
 
+#include "ui/PageParts.h"
 #include "ui/WheelGuard.h"
 
 #include <QSignalBlocker>
@@ -29,13 +30,13 @@ void PayweekFilter::offer(const QStringList &payweeks)
     const QSignalBlocker blocker(this);
     clear();
     addItem(tr("All Payweeks"));
-    addItems(payweeks);
+    PageParts::addChoices(this, payweeks);
     setCurrentIndex(std::max(0, findText(chosen)));
 }
 
 QString PayweekFilter::payweek() const
 {
-    return currentIndex() == 0 ? QString() : currentText().trimmed();
+    return PageParts::chosenText(this).trimmed();
 }
 
 void PayweekFilter::fitWidth()

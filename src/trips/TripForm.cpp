@@ -2,6 +2,7 @@
 
 #include "data/DomainRules.h"
 #include "trips/TripColumns.h"
+#include "ui/FieldText.h"
 
 #include <QFormLayout>
 #include <QLabel>
@@ -69,12 +70,13 @@ void TripForm::setTripId(int id)
 
 QString TripForm::text(Field field) const
 {
-    return fields.at(field)->text();
+    return FieldText::of(fields.at(field));
 }
 
 void TripForm::setText(Field field, const QString &text)
 {
-    fields.at(field)->setText(text);
+    FieldText::show(fields.at(field), text);
+    FieldText::setReadOnly(fields.at(field), false);
 }
 
 void TripForm::showTrip(const QStringList &row)
@@ -112,8 +114,8 @@ void TripForm::showHours(const TripArithmetic::TripHoursResult &hours)
 void TripForm::clear()
 {
     setTripId(0);
-    for (QLineEdit *field : fields)
-        field->clear();
+    for (int field = TripNo; field < fieldCount; ++field)
+        setText(static_cast<Field>(field), {});
     showHours({});
 }
 

@@ -12,6 +12,7 @@
 #include "trips/items/ItemEditor.h"
 #include "trips/stops/StopsEditor.h"
 #include "ui/PageParts.h"
+#include "ui/ShownText.h"
 #include "ui/UiScale.h"
 
 #include <QBoxLayout>
@@ -265,7 +266,7 @@ void TripsPage::loadTrip(int row)
                           payItems->itemTotal(), costItems->itemTotal());
     const TripHoursResult hours = hoursOfGrid(totals.netRevenue);
     form->showHours(hours);
-    details->setPlainText(tripDetailsText(cells, totals, hours));
+    details->setPlainText(tripDetailsText(ShownText::shortened(cells), totals, hours));
     showTripTitle(cells.at(TripNoColumn));
 }
 
@@ -279,7 +280,8 @@ void TripsPage::loadRows(int tripId)
 
 void TripsPage::showTripTitle(const QString &tripNo)
 {
-    window()->setWindowTitle(u"Brindlepath Desk - "_s + (tripNo.isEmpty() ? tr("Trips") : tripNo));
+    const QString shown = tripNo.isEmpty() ? tr("Trips") : ShownText::shortened(tripNo);
+    window()->setWindowTitle(u"Brindlepath Desk - "_s + shown);
 }
 
 void TripsPage::startNewTrip()

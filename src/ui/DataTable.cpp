@@ -1,6 +1,8 @@
 #include "ui/DataTable.h"
 
-#include <QAbstractItemDelegate>
+#include "ui/CellPainter.h"
+#include "ui/ShownText.h"
+
 #include <QHeaderView>
 
 #include <algorithm>
@@ -18,7 +20,7 @@ public:
     {
     }
 
-    [[nodiscard]] int of(const QString &text)
+    [[nodiscard]] int of(QStringView text)
     {
         int widest = 0;
         int width = 0;
@@ -57,6 +59,7 @@ DataTable::DataTable(const QString &objectName, const QString &accessibleName, i
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
     setTabKeyNavigation(false);
+    setItemDelegate(new CellPainter(this));
     verticalHeader()->hide();
 }
 
@@ -67,7 +70,7 @@ int DataTable::sizeHintForColumn(int column) const
     int width = -1;
     for (int row = 0; row < rowCount(); ++row) {
         const QTableWidgetItem *cell = item(row, column);
-        const int rowWidth = cell ? letterWidths.of(cell->text()) : 0;
+        const int rowWidth = cell ? letterWidths.of(ShownText::shortened(cell->text())) : 0;
         if (rowWidth > width) {
             width = rowWidth;
             widest = row;

@@ -7,19 +7,15 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+using ShownText::longestLine;
 
 namespace {
-
-// Qt lays out a line as a whole, however little of it is in sight: three megabytes take minutes.
-constexpr qsizetype longestLine = 1'000;
-// And every line costs half a kilobyte, and two microseconds.
-constexpr qsizetype mostLines = 50'000;
 
 QString withFewLines(QString text)
 {
     qsizetype lines = 0;
     for (QChar &letter : text) {
-        if (letter == u'\n' && ++lines > mostLines)
+        if (letter == u'\n' && ++lines >= ShownText::mostLines)
             letter = u'\u240A';
     }
     return text;
@@ -36,13 +32,18 @@ qsizetype fittingLength(QStringView line)
 
 } // namespace
 
-LongTextView::LongTextView(const QString &text, QWidget *parent)
+LongTextView::LongTextView(QWidget *parent)
     : QPlainTextEdit(parent)
-    , wholeText(ShownText::withPictures(text))
 {
     setReadOnly(true);
     setUndoRedoEnabled(false);
     setTabChangesFocus(true);
+}
+
+void LongTextView::showText(const QString &text)
+{
+    wholeText = ShownText::withPictures(text);
+    addedBreaks.clear();
     setPlainText(withShortLines(withFewLines(wholeText)));
 }
 

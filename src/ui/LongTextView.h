@@ -10,7 +10,9 @@
 class LongTextView : public QPlainTextEdit
 {
 public:
-    LongTextView(const QString &text, QWidget *parent);
+    explicit LongTextView(QWidget *parent);
+
+    void showText(const QString &text);
 
 protected:
     [[nodiscard]] QMimeData *createMimeDataFromSelection() const override;

@@ -51,7 +51,8 @@ QSize viewSize(const QLabel *label, QSize room)
 // A label lays out all of its text whenever it is asked for its size. Hidden, it is not asked.
 void letScroll(QMessageBox *box, QLabel *label, QSize room)
 {
-    auto *view = new LongTextView(label->text(), box);
+    auto *view = new LongTextView(box);
+    view->showText(label->text());
     view->setObjectName(label->objectName() + "_view"_L1);
     view->setAccessibleName(box->windowTitle());
     view->setFixedSize(viewSize(label, room));

@@ -1,5 +1,8 @@
 #include "ui/PageParts.h"
 
+#include "ui/ShownText.h"
+
+#include <QComboBox>
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QLabel>
@@ -31,6 +34,17 @@ QLabel *makeNote(const QString &text, QWidget *parent)
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     return label;
+}
+
+void addChoices(QComboBox *box, const QStringList &texts)
+{
+    for (const QString &text : texts)
+        box->addItem(ShownText::shortened(text), text);
+}
+
+QString chosenText(const QComboBox *box)
+{
+    return box->currentData().toString();
 }
 
 QString askForDatabase(QWidget *page, const QString &caption)

@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QString>
 
+class QComboBox;
 class QLabel;
 
 /// What several pages have in common.
@@ -29,6 +30,12 @@ QPushButton *addButton(QBoxLayout *row, const QString &text, const QString &obje
     row->addWidget(button);
     return button;
 }
+
+/// Adds the texts to a box that offers them for a choice; what is too long shows shortened.
+void addChoices(QComboBox *box, const QStringList &texts);
+
+/// The whole of the text that is chosen in such a box.
+QString chosenText(const QComboBox *box);
 
 /// Asks for a database file by hand. Empty if the person thinks better of it.
 QString askForDatabase(QWidget *page, const QString &caption);

@@ -56,7 +56,7 @@ const QMap<QString, QStringList> mayKnow = {
     {u"trips/grids"_s, {u"data_core"_s, u"ui"_s}},
     {u"trips/stops"_s,
      {u"trips/grids"_s, u"trips_core"_s, u"locations_core"_s, u"data_core"_s, u"ui"_s}},
-    {u"trips/items"_s, {u"trips/grids"_s, u"trips_core"_s, u"data_core"_s}},
+    {u"trips/items"_s, {u"trips/grids"_s, u"trips_core"_s, u"data_core"_s, u"ui"_s}},
     {u"trips/fuel_core"_s, {u"data_core"_s}},
     {u"trips/fuel"_s,
      {u"trips/fuel_core"_s, u"trips/grids"_s, u"trips/items"_s, u"trips_core"_s,
@@ -79,8 +79,8 @@ const QMap<QString, QStringList> mayKnow = {
     {u"app_core"_s, {u"data_core"_s}},
     {u"app"_s,
      {u"app_core"_s, u"settings_core"_s, u"data_core"_s, u"ui"_s, u"locations"_s, u"pdfimport"_s,
-      u"pdfimport/tools_core"_s, u"pdfimport/history"_s, u"trips"_s, u"settlements"_s, u"reports"_s, u"reports/totals"_s,
-      u"settings"_s}},
+      u"pdfimport/tools_core"_s, u"pdfimport/history"_s, u"trips"_s, u"settlements"_s, u"reports"_s,
+      u"reports/totals"_s, u"settings"_s}},
 };
 
 // All files below the folder, and of the folder itself, that end in one of these.

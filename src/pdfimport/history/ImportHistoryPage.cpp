@@ -4,12 +4,13 @@
 #include "pdfimport/history/ImportHistoryText.h"
 #include "ui/DataCell.h"
 #include "ui/DataTable.h"
+#include "ui/LongTextView.h"
 #include "ui/PageParts.h"
+#include "ui/ShownText.h"
 
 #include <QHeaderView>
 #include <QLabel>
 #include <QMessageBox>
-#include <QPlainTextEdit>
 #include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
@@ -68,9 +69,8 @@ QBoxLayout *ImportHistoryPage::buildActions()
 
 void ImportHistoryPage::buildDetails(QBoxLayout *layout)
 {
-    detailsBox = new QPlainTextEdit(this);
+    detailsBox = new LongTextView(this);
     detailsBox->setObjectName(u"importHistoryDetails"_s);
-    detailsBox->setReadOnly(true);
     detailsBox->setMinimumHeight(leastDetailsHeight);
     layout->addWidget(PageParts::makeCaption(tr("Selected Activity Details"), detailsBox));
     layout->addWidget(detailsBox, detailsStretch);
@@ -126,7 +126,7 @@ const ImportHistoryRow *ImportHistoryPage::selectedRow() const
 void ImportHistoryPage::showSelectedHistoryDetails()
 {
     const ImportHistoryRow *row = selectedRow();
-    detailsBox->setPlainText(row ? ImportHistoryText::detailsText(*row) : QString());
+    detailsBox->showText(row ? ImportHistoryText::detailsText(*row) : QString());
 }
 
 void ImportHistoryPage::deleteSelectedHistoryRow()
@@ -158,7 +158,7 @@ void ImportHistoryPage::deleteSelectedHistoryRow()
 
 void ImportHistoryPage::report(const QString &text)
 {
-    statusLabel->setText(text);
+    statusLabel->setText(ShownText::shortened(text));
     if (statusCallback)
         statusCallback(text);
 }

@@ -9,7 +9,7 @@
 class DataTable;
 class QBoxLayout;
 class QLabel;
-class QPlainTextEdit;
+class LongTextView;
 
 /// The audit page: what was imported, exported and replaced, and when. Deleting a row here deletes
 /// no data, but lets the settlement that it tells of be imported again.
@@ -45,6 +45,6 @@ private:
 
     QList<ImportHistoryRow> rows;
     DataTable *grid = nullptr;
-    QPlainTextEdit *detailsBox = nullptr;
+    LongTextView *detailsBox = nullptr;
     QLabel *statusLabel = nullptr;
 };

@@ -9,6 +9,7 @@
 #include "reports/totals/TotalsTable.h"
 #include "reports/totals/WeeklyMetrics.h"
 #include "ui/PageParts.h"
+#include "ui/ShownText.h"
 #include "ui/UiScale.h"
 #include "ui/WheelGuard.h"
 
@@ -205,7 +206,7 @@ void PayTotalsPage::reloadPayweeks()
     payweekCombo->addItem(tr("All Payweeks (Year Total)"), QString());
     for (const QString &key :
          PayTotalsRepository::listTotalsPayweeks(tripsDatabase, selectedYear()))
-        payweekCombo->addItem(key, key);
+        payweekCombo->addItem(ShownText::shortened(key), key);
 }
 
 QString PayTotalsPage::selectedYear() const
@@ -221,7 +222,7 @@ QString PayTotalsPage::selectedPayweekKey() const
 QString PayTotalsPage::scopeText() const
 {
     if (const QString key = selectedPayweekKey(); !key.isEmpty())
-        return tr("Payweek %1").arg(key);
+        return tr("Payweek %1").arg(ShownText::shortened(key));
     if (const QString year = selectedYear(); !year.isEmpty())
         return tr("Year %1").arg(year);
     return tr("No scope selected");

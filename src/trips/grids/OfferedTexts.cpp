@@ -1,6 +1,8 @@
 #include "trips/grids/OfferedTexts.h"
 
+#include "ui/FieldText.h"
 #include "ui/NameBox.h"
+#include "ui/ShownText.h"
 
 #include <QStringListModel>
 
@@ -9,7 +11,7 @@ void OfferedTexts::setList(const QStringList &newTexts)
     if (texts == newTexts)
         return;
     texts = newTexts;
-    model = std::make_shared<QStringListModel>(texts);
+    model = std::make_shared<QStringListModel>(ShownText::withoutTooLong(texts));
 }
 
 QComboBox *OfferedTexts::makeBox(const QString &text, int leastLength) const
@@ -34,5 +36,5 @@ void showInBox(QComboBox *box, const QString &text)
         index = box->findText(wanted, Qt::MatchFixedString);
     box->setCurrentIndex(index);
     if (box->currentIndex() < 0)
-        box->setEditText(wanted);
+        FieldText::show(box, wanted);
 }

@@ -2,6 +2,8 @@
 
 #include "data/DomainRules.h"
 #include "data/MoneyText.h"
+#include "ui/CellPainter.h"
+#include "ui/FieldText.h"
 #include "ui/UiScale.h"
 
 #include <QComboBox>
@@ -31,6 +33,7 @@ TripGrid::TripGrid(const QList<Column> &gridColumns, int leastGridHeight, QWidge
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
     setTabKeyNavigation(false);
+    setItemDelegate(new CellPainter(this));
     verticalHeader()->hide();
     rescaleColumns();
 }
@@ -115,7 +118,7 @@ QString TripGrid::cellText(int row, int column) const
 QString TripGrid::boxText(int row, int column) const
 {
     if (const auto *box = qobject_cast<QComboBox *>(cellWidget(row, column)))
-        return box->currentText().trimmed();
+        return FieldText::of(box).trimmed();
     const QTableWidgetItem *below = item(row, column);
     const QString kept = below ? below->data(valueRole).toString().trimmed() : QString();
     return kept.isEmpty() ? cellText(row, column).trimmed() : kept;

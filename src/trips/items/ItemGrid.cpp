@@ -1,6 +1,7 @@
 #include "trips/items/ItemGrid.h"
 
 #include "trips/items/EditableHistoryComboDelegate.h"
+#include "ui/FieldText.h"
 
 #include <QComboBox>
 #include <QSignalBlocker>
@@ -34,7 +35,7 @@ void ItemGrid::putName(int row, const QString &name, Spelling spelling)
 {
     QComboBox *box = makeNameBox(names, name);
     if (spelling == ItsOwn)
-        box->setEditText(name);
+        FieldText::show(box, name);
     putBox(row, NameColumn, box, name);
     connect(box, &QComboBox::currentTextChanged, this,
             [this, box](const QString &text) { keepBelow(box, NameColumn, text.trimmed()); });

@@ -1,0 +1,75 @@
+#include "support/LongTexts.h"
+#include "support/TestProgram.h"
+#include "ui/FieldText.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+using namespace Qt::StringLiterals;
+
+class tst_FieldText : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void lineKeepsTheWholeOfALongText()
+    {
+        QLineEdit line;
+        for (const QString &text : LongTexts::all) {
+            FieldText::show(&line, text);
+            QVERIFY(line.text().endsWith(LongTexts::saysSo));
+            QVERIFY(line.text().size() < 200);
+            QVERIFY(FieldText::of(&line) == text); // QCOMPARE would copy it into its message
+        }
+    }
+
+    void editorKeepsTheWholeOfALongText()
+    {
+        QPlainTextEdit editor;
+        for (const QString &text : LongTexts::all) {
+            FieldText::show(&editor, text);
+            QVERIFY(editor.toPlainText().endsWith(LongTexts::saysSo));
+            QVERIFY(editor.toPlainText().size() < 200);
+            QVERIFY(FieldText::of(&editor) == text);
+        }
+    }
+
+    void editableBoxKeepsTheWholeOfALongText()
+    {
+        QComboBox box;
+        box.setEditable(true);
+        FieldText::show(&box, LongTexts::words);
+        QVERIFY(box.currentText().size() < 200);
+        QVERIFY(FieldText::of(&box) == LongTexts::words);
+        QVERIFY(box.lineEdit()->isReadOnly());
+        FieldText::show(&box, u"Detention"_s);
+        QCOMPARE(FieldText::of(&box), u"Detention"_s);
+        QVERIFY(!box.lineEdit()->isReadOnly());
+    }
+
+    void textOfOrdinaryLengthIsShownWholeAndEdited()
+    {
+        QLineEdit line;
+        const QString text(20'000, u'x');
+        FieldText::show(&line, text);
+        QCOMPARE(line.text(), text);
+        line.setText(u"typed"_s);
+        QCOMPARE(FieldText::of(&line), u"typed"_s);
+    }
+
+    void longTextCannotBeEditedUntilAnotherIsShown()
+    {
+        QLineEdit line;
+        FieldText::show(&line, LongTexts::words);
+        FieldText::setReadOnly(&line, false);
+        QVERIFY(line.isReadOnly());
+        FieldText::show(&line, u"4471203"_s);
+        FieldText::setReadOnly(&line, false);
+        QVERIFY(!line.isReadOnly());
+        QCOMPARE(FieldText::of(&line), u"4471203"_s);
+    }
+};
+
+TEST_CLASS(tst_FieldText)
+#include "tst_FieldText.moc"
