@@ -7,6 +7,7 @@
 #include "ui/UiScale.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QSignalBlocker>
