@@ -1,7 +1,7 @@
 #include "app/ApplicationSetup.h"
-#include "support/DefaultLocale.h"
 #include "support/TestProgram.h"
 #include "support/Workspace.h"
+#include "support/surroundings/DefaultLocale.h"
 
 #include <QApplication>
 #include <QIcon>

@@ -1,6 +1,6 @@
 #include "data/MoneyText.h"
-#include "support/DefaultLocale.h"
 #include "support/TestProgram.h"
+#include "support/surroundings/DefaultLocale.h"
 
 #include <QLocale>
 #include <QTest>

@@ -1,6 +1,6 @@
 #include "data/DomainRules.h"
 #include "support/TestProgram.h"
-#include "support/TimeZone.h"
+#include "support/surroundings/TimeZone.h"
 
 #include <QTest>
 

@@ -1,6 +1,6 @@
 #include "pdfimport/ImportedFile.h"
 #include "support/TestProgram.h"
-#include "support/TracedProgram.h"
+#include "support/surroundings/TracedProgram.h"
 
 #include <QTest>
 

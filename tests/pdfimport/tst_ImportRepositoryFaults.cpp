@@ -3,9 +3,9 @@
 #include "pdfimport/OpeningStatement.h"
 #include "pdfimport/ReviewedSettlement.h"
 #include "pdfimport/history/HistoryRows.h"
-#include "support/FileSizeLimit.h"
 #include "support/TestConnection.h"
 #include "support/TestProgram.h"
+#include "support/surroundings/FileSizeLimit.h"
 
 #include <QTest>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/TracedProgram.h"
+#include "support/surroundings/TracedProgram.h"
 
 #include <QDir>
 #include <QTest>

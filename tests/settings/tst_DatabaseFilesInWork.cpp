@@ -2,8 +2,8 @@
 #include "settings/DatabaseFiles.h"
 #include "settings/FailingFiles.h"
 #include "settings/ManyTrips.h"
-#include "support/OtherProgram.h"
 #include "support/TestProgram.h"
+#include "support/surroundings/OtherProgram.h"
 
 #include <QTest>
 

@@ -2,9 +2,9 @@
 #include "settings/DatabaseFiles.h"
 #include "settings/FailingFiles.h"
 #include "settings/PlainFiles.h"
-#include "support/FileSizeLimit.h"
 #include "support/TestProgram.h"
 #include "support/Workspace.h"
+#include "support/surroundings/FileSizeLimit.h"
 
 #include <QDir>
 #include <QRegularExpression>

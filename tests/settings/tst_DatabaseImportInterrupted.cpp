@@ -1,9 +1,9 @@
 #include "settings/Backups.h"
 #include "settings/Interruptions.h"
 #include "settings/ManyTrips.h"
-#include "support/OtherProgram.h"
 #include "support/TestProgram.h"
-#include "support/TracedProgram.h"
+#include "support/surroundings/OtherProgram.h"
+#include "support/surroundings/TracedProgram.h"
 
 #include <QFile>
 #include <QTest>

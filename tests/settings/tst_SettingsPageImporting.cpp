@@ -2,8 +2,8 @@
 #include "settings/DatabaseWords.h"
 #include "settings/SettingsWindow.h"
 #include "support/DialogRobot.h"
-#include "support/FileSizeLimit.h"
 #include "support/TestProgram.h"
+#include "support/surroundings/FileSizeLimit.h"
 
 #include <QScopeGuard>
 

@@ -1,7 +1,7 @@
 #include "settlements/SettlementWindow.h"
-#include "support/DefaultLocale.h"
 #include "support/TableReaders.h"
 #include "support/TestProgram.h"
+#include "support/surroundings/DefaultLocale.h"
 
 #include <QFontMetrics>
 

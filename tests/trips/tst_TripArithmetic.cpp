@@ -1,5 +1,5 @@
 #include "support/TestProgram.h"
-#include "support/TimeZone.h"
+#include "support/surroundings/TimeZone.h"
 #include "trips/TripArithmetic.h"
 
 #include <QTest>

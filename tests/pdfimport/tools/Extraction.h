@@ -1,8 +1,8 @@
 #pragma once
 
 #include "pdfimport/PdfTextExtractor.h"
-#include "support/EnvironmentValue.h"
 #include "support/Workspace.h"
+#include "support/surroundings/EnvironmentValue.h"
 
 #include <QDir>
 #include <QTest>

@@ -1,7 +1,7 @@
 #include "pdfimport/tools/PdfTools.h"
-#include "support/EnvironmentValue.h"
 #include "support/TestProgram.h"
 #include "support/Workspace.h"
+#include "support/surroundings/EnvironmentValue.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,8 +1,8 @@
 #include "reports/charts/LineChartWindow.h"
 #include "reports/charts/TipReaders.h"
-#include "support/DefaultLocale.h"
 #include "support/TestProgram.h"
 #include "support/Workspace.h"
+#include "support/surroundings/DefaultLocale.h"
 
 #include <QLocale>
 #include <QMouseEvent>

@@ -1,11 +1,11 @@
 #include "reports/charts/TipReaders.h"
 #include "reports/totals/BreakdownDialog.h"
-#include "support/DefaultLocale.h"
 #include "support/DialogRobot.h"
 #include "support/Person.h"
 #include "support/TableReaders.h"
 #include "support/TestProgram.h"
 #include "support/Workspace.h"
+#include "support/surroundings/DefaultLocale.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>

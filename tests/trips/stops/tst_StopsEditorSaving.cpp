@@ -1,6 +1,6 @@
 #include "support/DialogRobot.h"
 #include "support/TestProgram.h"
-#include "support/TimeZone.h"
+#include "support/surroundings/TimeZone.h"
 #include "trips/TripsRows.h"
 #include "trips/stops/StopsRows.h"
 #include "trips/stops/StopsWindow.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/EnvironmentValue.h"
+#include "support/surroundings/EnvironmentValue.h"
 
 #include <ctime>
 #include <optional>

@@ -1,4 +1,4 @@
-#include "support/OtherProgram.h"
+#include "support/surroundings/OtherProgram.h"
 
 #include <QFileInfo>
 #include <QTest>

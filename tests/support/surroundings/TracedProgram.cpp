@@ -1,4 +1,4 @@
-#include "support/TracedProgram.h"
+#include "support/surroundings/TracedProgram.h"
 
 #include <QDir>
 #include <QFile>
