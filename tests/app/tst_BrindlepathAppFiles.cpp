@@ -18,6 +18,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// The window on the trips file found nearby, and another one that a page may be told to open.
+struct TwoFiles
+{
+    Workspace workspace;
+    DialogRobot robot;
+    QString trips = makeBusiness(workspace, u"trips.db"_s, u"4471203"_s);
+    QString other;
+    BrindlepathApp window;
+
+    explicit TwoFiles(const QString &otherTripNo = u"5500001"_s)
+        : other(makeBusiness(workspace, u"other.db"_s, otherTripNo))
+    {
+        Person::shows(window);
+    }
+};
+
 void clicksTripLink(const BrindlepathApp &window)
 {
     goTo(window, u"View Payweek"_s);
@@ -57,55 +73,40 @@ private:
 
 void tst_BrindlepathAppFiles::linkToATripOfAnotherFileLoadsNothing()
 {
-    Workspace workspace;
-    makeBusiness(workspace, u"trips.db"_s, u"4471203"_s);
-    const QString other = makeOtherBusiness(workspace);
-    BrindlepathApp window;
-    Person::shows(window);
-    window.findChild<ViewPayweekPage *>()->openDatabase(other);
-    clicksTripLink(window);
-    QCOMPARE(named<QListWidget>(window, "navigationList")->currentRow(), 1);
-    QCOMPARE(named<QLabel>(window, "tripIdLabel")->text(), u"(new trip)"_s);
-    QCOMPARE(status(window), u"Trip 5500001 is not in the file which Trips has open"_s);
+    const TwoFiles files;
+    files.window.findChild<ViewPayweekPage *>()->openDatabase(files.other);
+    clicksTripLink(files.window);
+    QCOMPARE(named<QListWidget>(files.window, "navigationList")->currentRow(), 1);
+    QCOMPARE(named<QLabel>(files.window, "tripIdLabel")->text(), u"(new trip)"_s);
+    QCOMPARE(status(files.window), u"Trip 5500001 is not in the file which Trips has open"_s);
 }
 
 void tst_BrindlepathAppFiles::linkToATripWithoutNumberTellsItsId()
 {
-    Workspace workspace;
-    makeBusiness(workspace, u"trips.db"_s, u"4471203"_s);
-    const QString other = makeBusiness(workspace, u"other.db"_s, u""_s);
-    BrindlepathApp window;
-    Person::shows(window);
-    window.findChild<ViewPayweekPage *>()->openDatabase(other);
-    clicksTripLink(window);
-    QCOMPARE(status(window), u"Trip ID 1 is not in the file which Trips has open"_s);
+    const TwoFiles files(u""_s);
+    files.window.findChild<ViewPayweekPage *>()->openDatabase(files.other);
+    clicksTripLink(files.window);
+    QCOMPARE(status(files.window), u"Trip ID 1 is not in the file which Trips has open"_s);
 }
 
 // As after an import, which closes what is open and puts another file in its place.
 void tst_BrindlepathAppFiles::linkOfAFileThatIsClosedLoadsNothing()
 {
-    Workspace workspace;
-    makeBusiness(workspace, u"trips.db"_s, u"4471203"_s);
-    BrindlepathApp window;
-    Person::shows(window);
+    const TwoFiles files;
     DatabaseLocator::closeAllSqliteConnections();
-    clicksTripLink(window);
-    QCOMPARE(named<QLabel>(window, "tripIdLabel")->text(), u"(new trip)"_s);
-    QCOMPARE(status(window), u"Trip 4471203 is in a file which View Payweek has not open"_s);
+    clicksTripLink(files.window);
+    QCOMPARE(named<QLabel>(files.window, "tripIdLabel")->text(), u"(new trip)"_s);
+    QCOMPARE(status(files.window), u"Trip 4471203 is in a file which View Payweek has not open"_s);
 }
 
 void tst_BrindlepathAppFiles::itemWithTheSameIdIsThatOfTheNewFile()
 {
-    Workspace workspace;
-    makeBusiness(workspace, u"trips.db"_s, u"4471203"_s);
-    const QString other = makeOtherBusiness(workspace);
-    BrindlepathApp window;
-    Person::shows(window);
-    goTo(window, u"Edit Settlement"_s);
-    Person::clicksCell(named<QTableWidget>(window, "settlementItems"), 0, 3);
-    Person::types(named<QLineEdit>(window, "settlementItemAmount"), u"99"_s);
-    window.findChild<EditSettlementPage *>()->openDatabase(other);
-    QCOMPARE(itemEditor(window), QStringList({u"1"_s, u"Item of 5500001"_s, u"12.50"_s}));
+    const TwoFiles files;
+    goTo(files.window, u"Edit Settlement"_s);
+    Person::clicksCell(named<QTableWidget>(files.window, "settlementItems"), 0, 3);
+    Person::types(named<QLineEdit>(files.window, "settlementItemAmount"), u"99"_s);
+    files.window.findChild<EditSettlementPage *>()->openDatabase(files.other);
+    QCOMPARE(itemEditor(files.window), QStringList({u"1"_s, u"Item of 5500001"_s, u"12.50"_s}));
 }
 
 void tst_BrindlepathAppFiles::itemOfTheFileBeforeIsNotKeptWhereTheNewOneCannotBeRead_data()
@@ -118,52 +119,46 @@ void tst_BrindlepathAppFiles::itemOfTheFileBeforeIsNotKeptWhereTheNewOneCannotBe
 void tst_BrindlepathAppFiles::itemOfTheFileBeforeIsNotKeptWhereTheNewOneCannotBeRead()
 {
     QFETCH(const bool, isNew);
-    Workspace workspace;
-    DialogRobot robot;
-    makeBusiness(workspace, u"trips.db"_s, u"4471203"_s);
-    const QString other = makeOtherBusiness(workspace);
-    BrindlepathApp window;
-    Person::shows(window);
-    goTo(window, u"Edit Settlement"_s);
-    Person::clicksCell(named<QTableWidget>(window, "settlementItems"), 0, 3);
+    TwoFiles files;
+    goTo(files.window, u"Edit Settlement"_s);
+    Person::clicksCell(named<QTableWidget>(files.window, "settlementItems"), 0, 3);
     if (isNew) {
-        Person::clicks(window, u"New Item"_s);
-        Person::types(named<QComboBox>(window, "settlementItemName")->lineEdit(), u"Permit"_s);
+        Person::clicks(files.window, u"New Item"_s);
+        Person::types(named<QComboBox>(files.window, "settlementItemName")->lineEdit(),
+                      u"Permit"_s);
     }
     {
-        const TestConnection file(other);
+        const TestConnection file(files.other);
         file.execute(u"ALTER TABLE settlement_non_trip_items RENAME COLUMN amount TO away"_s);
-        robot.expectContaining(DialogRobot::Critical, u"Settlement Query Error"_s, u"amount"_s);
-        window.findChild<EditSettlementPage *>()->openDatabase(other);
+        files.robot.expectContaining(DialogRobot::Critical, u"Settlement Query Error"_s,
+                                     u"amount"_s);
+        files.window.findChild<EditSettlementPage *>()->openDatabase(files.other);
         file.execute(u"ALTER TABLE settlement_non_trip_items RENAME COLUMN away TO amount"_s);
     }
-    QCOMPARE(itemEditor(window), QStringList({u"(new item)"_s, u""_s, u""_s}));
-    robot.expect(DialogRobot::Warning, u"Missing Name"_s, u"Settlement item name is required."_s);
-    Person::clicks(window, u"Save Item"_s);
-    const TestConnection file(other);
+    QCOMPARE(itemEditor(files.window), QStringList({u"(new item)"_s, u""_s, u""_s}));
+    files.robot.expect(DialogRobot::Warning, u"Missing Name"_s,
+                       u"Settlement item name is required."_s);
+    Person::clicks(files.window, u"Save Item"_s);
+    const TestConnection file(files.other);
     QCOMPARE(file.value(u"SELECT name FROM settlement_non_trip_items"_s), u"Item of 5500001"_s);
 }
 
 void tst_BrindlepathAppFiles::rateOfTheFileBeforeIsNotKeptWhereTheWeeksCannotBeRead()
 {
-    Workspace workspace;
-    DialogRobot robot;
-    makeBusiness(workspace, u"trips.db"_s, u"4471203"_s);
-    const QString other = makeOtherBusiness(workspace);
-    BrindlepathApp window;
-    Person::shows(window);
-    goTo(window, u"Edit Settlement"_s);
-    named<QDoubleSpinBox>(window, "aprBox")->setValue(9.0);
+    TwoFiles files;
+    goTo(files.window, u"Edit Settlement"_s);
+    named<QDoubleSpinBox>(files.window, "aprBox")->setValue(9.0);
     {
-        const TestConnection file(other);
+        const TestConnection file(files.other);
         file.execute(u"ALTER TABLE trips RENAME COLUMN payweek TO away"_s);
-        robot.expectContaining(DialogRobot::Critical, u"Settlement Payweek Error"_s, u"payweek"_s);
-        window.findChild<EditSettlementPage *>()->openDatabase(other);
+        files.robot.expectContaining(DialogRobot::Critical, u"Settlement Payweek Error"_s,
+                                     u"payweek"_s);
+        files.window.findChild<EditSettlementPage *>()->openDatabase(files.other);
         file.execute(u"ALTER TABLE trips RENAME COLUMN away TO payweek"_s);
     }
-    QCOMPARE(named<QDoubleSpinBox>(window, "aprBox")->value(), 5.0);
-    Person::clicks(window, u"Save APR"_s);
-    const TestConnection file(other);
+    QCOMPARE(named<QDoubleSpinBox>(files.window, "aprBox")->value(), 5.0);
+    Person::clicks(files.window, u"Save APR"_s);
+    const TestConnection file(files.other);
     QCOMPARE(file.value(u"SELECT apr FROM settlement_meta"_s).toDouble(), 5.0);
 }
 

@@ -10,6 +10,17 @@ namespace {
 
 const QString saveButton = u"Save Trip / Changes"_s;
 
+/// The page on a file with a whole trip, and another file to open.
+struct TwoFiles
+{
+    Workspace workspace;
+    DialogRobot robot;
+    QString other = makeOtherBusiness(workspace);
+    QString path = workspace.makeTrips();
+    qint64 id = insertFullTrip(workspace);
+    TripsWindow trips{path};
+};
+
 } // namespace
 
 /// Two files one after the other: what was in hand under one never reaches the other.
@@ -20,34 +31,25 @@ class tst_TripsPageFiles : public QObject
 private Q_SLOTS:
     void anotherFileBeginsANewTrip()
     {
-        Workspace workspace;
-        const QString other = makeOtherBusiness(workspace);
-        const QString path = workspace.makeTrips();
-        insertFullTrip(workspace);
-        const TripsWindow trips(path);
-        trips.clicksTrip(0);
-        QVERIFY(!trips.isEmpty());
-        trips.page->openDatabase(other);
-        QVERIFY(trips.isEmpty());
-        QCOMPARE(trips.window.windowTitle(), u"Brindlepath Desk - Trips"_s);
-        QCOMPARE(column(trips.list(), u"Trip #"_s), QStringList({u"5500001"_s}));
-        QCOMPARE(trips.statuses.last(), u"Opened trips DB: "_s + other);
+        TwoFiles files;
+        files.trips.clicksTrip(0);
+        QVERIFY(!files.trips.isEmpty());
+        files.trips.page->openDatabase(files.other);
+        QVERIFY(files.trips.isEmpty());
+        QCOMPARE(files.trips.window.windowTitle(), u"Brindlepath Desk - Trips"_s);
+        QCOMPARE(column(files.trips.list(), u"Trip #"_s), QStringList({u"5500001"_s}));
+        QCOMPARE(files.trips.statuses.last(), u"Opened trips DB: "_s + files.other);
     }
 
     void loadedTripIsNotSavedOverThatOfAnotherFile()
     {
-        Workspace workspace;
-        DialogRobot robot;
-        const QString other = makeOtherBusiness(workspace);
-        const QString path = workspace.makeTrips();
-        insertFullTrip(workspace);
-        const QByteArray before = workspace.bytes(u"other.db"_s);
-        const TripsWindow trips(path);
-        trips.clicksTrip(0);
-        trips.page->openDatabase(other);
-        robot.expect(DialogRobot::Warning, u"Missing Trip #"_s, u"Trip # is required."_s);
-        trips.clicks(saveButton);
-        QCOMPARE(workspace.bytes(u"other.db"_s), before);
+        TwoFiles files;
+        const QByteArray before = files.workspace.bytes(u"other.db"_s);
+        files.trips.clicksTrip(0);
+        files.trips.page->openDatabase(files.other);
+        files.robot.expect(DialogRobot::Warning, u"Missing Trip #"_s, u"Trip # is required."_s);
+        files.trips.clicks(saveButton);
+        QCOMPARE(files.workspace.bytes(u"other.db"_s), before);
     }
 
     void newTripIsNotSavedIntoAnotherFile()
@@ -63,44 +65,30 @@ private Q_SLOTS:
 
     void fileThatDoesNotOpenBeginsANewTripToo()
     {
-        Workspace workspace;
-        DialogRobot robot;
-        const QString path = workspace.makeTrips();
-        insertFullTrip(workspace);
-        const TripsWindow trips(path);
-        trips.clicksTrip(0);
-        trips.losesItsFile(robot);
-        QVERIFY(trips.isEmpty());
+        TwoFiles files;
+        files.trips.clicksTrip(0);
+        files.trips.losesItsFile(files.robot);
+        QVERIFY(files.trips.isEmpty());
     }
 
     void rowClickedWithNoFileOpenIsLeftForTheNextFile()
     {
-        Workspace workspace;
-        DialogRobot robot;
-        const QString other = makeOtherBusiness(workspace);
-        const QString path = workspace.makeTrips();
-        insertFullTrip(workspace);
-        const TripsWindow trips(path);
-        trips.losesItsFile(robot);
-        trips.clicksTrip(0); // the list is still that of the file before
-        QCOMPARE(trips.form().first(), u"1"_s);
-        trips.page->openDatabase(other);
-        QVERIFY(trips.isEmpty());
+        TwoFiles files;
+        files.trips.losesItsFile(files.robot);
+        files.trips.clicksTrip(0); // the list is still that of the file before
+        QCOMPARE(files.trips.form().first(), u"1"_s);
+        files.trips.page->openDatabase(files.other);
+        QVERIFY(files.trips.isEmpty());
     }
 
     void fileThatCannotBeListedLeavesNoTripOfTheOneBefore()
     {
-        Workspace workspace;
-        DialogRobot robot;
-        const QString other = makeOtherBusiness(workspace);
-        const QString path = workspace.makeTrips();
-        insertFullTrip(workspace);
-        const TripsWindow trips(path);
-        const TestConnection file(other);
+        TwoFiles files;
+        const TestConnection file(files.other);
         file.execute(u"ALTER TABLE trips RENAME COLUMN fusu TO away"_s);
-        robot.expectContaining(DialogRobot::Critical, u"Query Error"_s, u"fusu"_s);
-        trips.page->openDatabase(other);
-        QCOMPARE(trips.list()->rowCount(), 0);
+        files.robot.expectContaining(DialogRobot::Critical, u"Query Error"_s, u"fusu"_s);
+        files.trips.page->openDatabase(files.other);
+        QCOMPARE(files.trips.list()->rowCount(), 0);
     }
 
     void tripTypedBeforeAnyFileIsOpenWaitsForIt()
@@ -116,25 +104,19 @@ private Q_SLOTS:
 
     void tripOfTheFileThatIsOpenIsOpened()
     {
-        Workspace workspace;
-        const QString path = workspace.makeTrips();
-        insertFullTrip(workspace);
-        const TripsWindow trips(path);
-        QVERIFY(trips.page->openTripOfFile(1, u"trips.db"_s)); // by another way to the same file
-        QCOMPARE(trips.form().first(), u"1"_s);
+        TwoFiles files;
+        QVERIFY(
+            files.trips.page->openTripOfFile(1, u"trips.db"_s)); // by another way to the same file
+        QCOMPARE(files.trips.form().first(), u"1"_s);
     }
 
     void tripOfAnotherFileIsNotOpened()
     {
-        Workspace workspace;
-        const QString other = makeOtherBusiness(workspace);
-        const QString path = workspace.makeTrips();
-        insertFullTrip(workspace);
-        const TripsWindow trips(path);
-        QVERIFY(!trips.page->openTripOfFile(1, other));
-        QVERIFY(!trips.page->openTripOfFile(1, {}));
-        QVERIFY(trips.isEmpty());
-        QCOMPARE(trips.statuses, QStringList());
+        TwoFiles files;
+        QVERIFY(!files.trips.page->openTripOfFile(1, files.other));
+        QVERIFY(!files.trips.page->openTripOfFile(1, {}));
+        QVERIFY(files.trips.isEmpty());
+        QCOMPARE(files.trips.statuses, QStringList());
     }
 
     void tripOfTheFileFoundNearbyIsOpenedWhereNoneWas()
