@@ -81,7 +81,8 @@ bool makeReplaceable(const QString &targetPath, QString &errorOut)
 }
 
 // As long as the copy lives no other program can write to the file: what it committed after the
-// copy was made would be gone with the file. A WAL that is still there belongs to another program.
+// copy was made would be gone with the file. A WAL that still holds anything belongs to another
+// program.
 // Any other journal has nothing more to tell SQLite, and stays with the backup.
 bool replaceByBackup(const QString &targetPath, const QString &backupPath, QString &errorOut,
                      QString *backupOut)
@@ -96,8 +97,8 @@ bool replaceByBackup(const QString &targetPath, const QString &backupPath, QStri
 #ifdef Q_OS_WIN
     backup.letGo(); // an open file cannot be removed there
 #endif
-    return (!QFile::exists(targetPath + "-wal"_L1) && JournalFiles::move(targetPath, backupPath)
-            && QFile::remove(targetPath))
+    return (QFileInfo(targetPath + "-wal"_L1).size() == 0
+            && JournalFiles::move(targetPath, backupPath) && QFile::remove(targetPath))
            || fail(errorOut, u"Could not remove existing database after creating safety backup:\n"_s
                                  + targetPath);
 }

@@ -22,6 +22,7 @@ namespace {
 // SQLite's result codes.
 constexpr int busy = 5;
 constexpr int damaged = 11;
+constexpr int cannotOpen = 14;
 constexpr int noDatabase = 26;
 
 // A file that SQLite cannot read is copied as it stands, like any other: unless another program is
@@ -100,7 +101,9 @@ int WholeCopy::askFirst(const QString &sql, QVariant &answer) const
 {
     QString error;
     SqlStatement statement(connection->database(), sql);
-    return statement.firstValue({}, answer, error) ? 0 : statement.errorCode();
+    if (statement.firstValue({}, answer, error))
+        return 0;
+    return connection->isOpen() ? statement.errorCode() : cannotOpen;
 }
 
 // Nobody else may open the file here: a process that closes any handle of a file loses all its

@@ -64,6 +64,8 @@ private Q_SLOTS:
     void backupHasAllThatAnotherProgramCommitted();
     void damagedDatabaseInWalModeIsCopiedAsItStands();
     void finishedJournalBesideTheOldCopyIsNoObstacle();
+    void databaseThatSqliteCannotOpenIsNotCopiedWithoutItsWal();
+    void readOnlyDatabaseInWalModeIsReplaced();
 };
 
 void tst_DatabaseFilesInWork::copyHasWhatOnlyTheWalHolds()
@@ -401,6 +403,48 @@ void tst_DatabaseFilesInWork::finishedJournalBesideTheOldCopyIsNoObstacle()
     QVERIFY2(copyDatabaseFile(source, target, error), qPrintable(error));
     QCOMPARE(tripsIn(target), kept);
     QVERIFY(!QFile::exists(target + "-journal"_L1));
+}
+
+// SQLite takes no path of more than 512 bytes.
+void tst_DatabaseFilesInWork::databaseThatSqliteCannotOpenIsNotCopiedWithoutItsWal()
+{
+    const Workspace workspace;
+    const QString near = makeManyTrips(workspace, u"july.db"_s, u"kept"_s);
+    OtherProgram::diesInWalMode(near, {insertNew});
+    const QString folder =
+        workspace.path(QString(200, u'a') + u'/' + QString(200, u'b') + u'/' + QString(200, u'c'));
+    QVERIFY(QDir().mkpath(folder));
+    const QString far = folder + "/july.db"_L1;
+    for (const QString &ending : {u""_s, u"-wal"_s})
+        QVERIFY(QFile::copy(near + ending, far + ending));
+    QString error;
+    QVERIFY(!copyDatabaseFile(far, workspace.path(u"copy.db"_s), error));
+    QCOMPARE(error, "Could not copy file from:\n"_L1 + far + "\n\nto:\n"_L1
+                        + workspace.path(u"copy.db"_s));
+    QVERIFY(QFile::remove(far + "-wal"_L1));
+    QVERIFY2(copyDatabaseFile(far, workspace.path(u"copy.db"_s), error), qPrintable(error));
+}
+
+void tst_DatabaseFilesInWork::readOnlyDatabaseInWalModeIsReplaced()
+{
+    const Workspace workspace;
+    const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
+    const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
+    {
+        const OtherProgram other(target, {u"PRAGMA journal_mode = WAL"_s, insertNew});
+    }
+    constexpr QFile::Permissions readOnly = QFile::ReadOwner | QFile::ReadOther;
+    constexpr QFile::Permissions open =
+        QFile::WriteOwner | QFile::ExeOwner | QFile::WriteOther | QFile::ExeOther;
+    QVERIFY(QFile::setPermissions(target, readOnly));
+    QVERIFY(QFile::setPermissions(workspace.path(u"."_s), readOnly | open));
+    {
+        const Stranger stranger;
+        QString error;
+        QVERIFY2(replaceDatabaseFile(source, target, error), qPrintable(error));
+    }
+    QCOMPARE(tripsIn(target), imported);
+    QCOMPARE(tripsIn(backups().constFirst()), keptAndNew);
 }
 
 TEST_CLASS_WITHOUT_WINDOWS(tst_DatabaseFilesInWork)
