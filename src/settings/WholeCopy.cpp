@@ -69,7 +69,8 @@ bool WholeCopy::takeFrom(const QString &sourcePath, Original original)
 bool WholeCopy::copy(const QString &sourcePath, Original original)
 {
     QString error;
-    connection.emplace(u"database_copy_connection"_s, sourcePath, error);
+    connection =
+        std::make_unique<OneCallConnection>(u"database_copy_connection"_s, sourcePath, error);
     QVariant mode;
     int failure = askFirst(u"PRAGMA journal_mode"_s, mode);
     if (failure != 0) {

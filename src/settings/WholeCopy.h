@@ -6,7 +6,7 @@
 #include <QString>
 #include <QTemporaryDir>
 
-#include <optional>
+#include <memory>
 
 /// A copy of a file, made in a folder of its own beside the place that it is for. No half of a copy
 /// ever stands in that place, and what stood there stays until the copy is whole and on the disk.
@@ -43,5 +43,5 @@ private:
     QString target;
     QTemporaryDir folder;
     QFile source;
-    std::optional<OneCallConnection> connection;
+    std::unique_ptr<OneCallConnection> connection;
 };

@@ -209,7 +209,7 @@ void ViewPayweekPage::showPayweek(const QString &payweek)
 
 int ViewPayweekPage::indexOfPayweek(const QString &payweek) const
 {
-    const int index = payweekBox->findText(ShownText::shortened(payweek), Qt::MatchFixedString);
+    const int index = payweekBox->findData(payweek, Qt::UserRole, Qt::MatchFixedString);
     const QDate date = DomainRules::parseViewPayweekDate(payweek);
     if (index >= 0 || !date.isValid())
         return index;

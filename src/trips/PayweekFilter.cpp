@@ -26,12 +26,13 @@ PayweekFilter::PayweekFilter(QWidget *parent)
 
 void PayweekFilter::offer(const QStringList &payweeks)
 {
-    const QString chosen = currentText();
+    const QString chosen = PageParts::chosenText(this);
     const QSignalBlocker blocker(this);
     clear();
     addItem(tr("All Payweeks"));
     PageParts::addChoices(this, payweeks);
-    setCurrentIndex(std::max(0, findText(chosen)));
+    setCurrentIndex(
+        std::max(0, findData(chosen, Qt::UserRole, Qt::MatchExactly | Qt::MatchCaseSensitive)));
 }
 
 QString PayweekFilter::payweek() const

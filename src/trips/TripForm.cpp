@@ -12,13 +12,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct FieldText
+struct FormRow
 {
     const char *label;
     const char *objectName;
 };
 
-constexpr std::array<FieldText, TripForm::fieldCount> fieldTexts = {{
+constexpr std::array<FormRow, TripForm::fieldCount> formRows = {{
     {QT_TRANSLATE_NOOP("TripForm", "Trip #:"), "tripNoField"},
     {QT_TRANSLATE_NOOP("TripForm", "Payweek:"), "payweekField"},
     {QT_TRANSLATE_NOOP("TripForm", "Empty Miles:"), "emptyMilesField"},
@@ -51,8 +51,8 @@ void TripForm::buildRows()
     rows->addRow(tr("Loaded Trip ID:"), tripIdLabel);
     for (std::size_t i = 0; i < fields.size(); ++i) {
         fields.at(i) = new QLineEdit(this);
-        fields.at(i)->setObjectName(QLatin1StringView(fieldTexts.at(i).objectName));
-        rows->addRow(tr(fieldTexts.at(i).label), fields.at(i));
+        fields.at(i)->setObjectName(QLatin1StringView(formRows.at(i).objectName));
+        rows->addRow(tr(formRows.at(i).label), fields.at(i));
     }
     rows->addRow(tr("Trip Hours:"), hoursLabel);
     rows->addRow(tr("Net / Hour:"), netPerHourLabel);

@@ -12,6 +12,7 @@ namespace FieldText {
 namespace {
 
 constexpr auto wholeTextProperty = "wholeText";
+constexpr auto shownPartProperty = "shownPart";
 
 void setText(QLineEdit *field, const QString &text)
 {
@@ -30,7 +31,8 @@ QString textOf(const QLineEdit *field)
 
 QString textOf(const QPlainTextEdit *field)
 {
-    return field->toPlainText();
+    // QPlainTextEdit::toPlainText() would make blanks of the blanks that hold words together.
+    return field->document()->toRawText().replace(QChar::ParagraphSeparator, u'\n');
 }
 
 bool isTooLong(const QLineEdit * /*field*/, const QString &text)
@@ -52,8 +54,8 @@ QString keptText(const Field *field)
 template <typename Field>
 bool showsAPart(const Field *field)
 {
-    const QString whole = keptText(field);
-    return !whole.isEmpty() && textOf(field) == ShownText::shortened(whole);
+    const QVariant part = field->property(shownPartProperty);
+    return part.isValid() && textOf(field) == part.toString();
 }
 
 template <typename Field>
@@ -62,6 +64,8 @@ void showIn(Field *field, const QString &text)
     const bool tooLong = isTooLong(field, text);
     field->setProperty(wholeTextProperty, tooLong ? QVariant(text) : QVariant());
     setText(field, tooLong ? ShownText::shortened(text) : text);
+    // As the field has it, which knows fewer characters than there are.
+    field->setProperty(shownPartProperty, tooLong ? QVariant(textOf(field)) : QVariant());
 }
 
 } // namespace
@@ -88,8 +92,12 @@ QString of(const QPlainTextEdit *field)
 
 void show(QComboBox *box, const QString &text)
 {
-    show(box->lineEdit(), text);
-    setReadOnly(box->lineEdit(), false);
+    QLineEdit *line = box->lineEdit();
+    show(line, text);
+    setReadOnly(line, false);
+    // Whatever else the box shows, by a choice from its list too, can be edited.
+    if (showsAPart(line))
+        QObject::connect(line, &QLineEdit::textChanged, line, [line] { setReadOnly(line, false); });
 }
 
 QString of(const QComboBox *box)

@@ -48,6 +48,45 @@ private Q_SLOTS:
         QVERIFY(!box.lineEdit()->isReadOnly());
     }
 
+    void editorKeepsTheWholeWhateverItMakesOfItsCharacters_data()
+    {
+        QTest::addColumn<QString>("character");
+        for (const char16_t character :
+             {u'\u00A0', u'\u2028', u'\u2029', u'\uFDD0', u'\uFDD1', u'\uFFFC', u'\uFEFF'})
+            QTest::addRow("U+%04X", character) << QString(QChar(character));
+    }
+
+    void editorKeepsTheWholeWhateverItMakesOfItsCharacters()
+    {
+        QFETCH(const QString, character);
+        QPlainTextEdit editor;
+        const QString text = u"Gate"_s + character + u"4: "_s + QString(30'000, u'x');
+        FieldText::show(&editor, text);
+        QVERIFY(FieldText::of(&editor) == text);
+        FieldText::setReadOnly(&editor, false);
+        QVERIFY(editor.isReadOnly());
+    }
+
+    void editorLeavesBlanksThatHoldWordsTogether()
+    {
+        QPlainTextEdit editor;
+        FieldText::show(&editor, u"Gate\u00A04\nRing twice"_s);
+        QCOMPARE(FieldText::of(&editor), u"Gate\u00A04\nRing twice"_s);
+    }
+
+    void nameChosenAfterALongOneCanBeEdited()
+    {
+        QComboBox box;
+        box.setEditable(true);
+        box.addItem(u"Lumper"_s);
+        FieldText::show(&box, LongTexts::words);
+        box.setCurrentIndex(-1);
+        FieldText::show(&box, LongTexts::words);
+        box.setCurrentText(u"Lumper"_s);
+        QCOMPARE(FieldText::of(&box), u"Lumper"_s);
+        QVERIFY(!box.lineEdit()->isReadOnly());
+    }
+
     void textOfOrdinaryLengthIsShownWholeAndEdited()
     {
         QLineEdit line;

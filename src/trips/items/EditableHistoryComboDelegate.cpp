@@ -1,5 +1,7 @@
 #include "trips/items/EditableHistoryComboDelegate.h"
 
+#include "ui/FieldText.h"
+
 #include <QComboBox>
 
 namespace {
@@ -40,5 +42,5 @@ void EditableHistoryComboDelegate::setModelData(QWidget *editor, QAbstractItemMo
                                                 const QModelIndex &index) const
 {
     if (const auto *box = qobject_cast<QComboBox *>(editor))
-        model->setData(index, box->currentText().trimmed(), Qt::EditRole);
+        model->setData(index, FieldText::of(box).trimmed(), Qt::EditRole);
 }
