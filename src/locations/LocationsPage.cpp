@@ -108,8 +108,10 @@ void LocationsPage::connectWidgets()
 void LocationsPage::openDatabase(const QString &path)
 {
     // Closed behind the page, which is what an import does before it puts another file there.
-    if (!database.isOpen() && DatabaseLocator::isSameFile(fileOfForm, database.databaseName()))
-        fileOfForm = tr("%1 (as it was then)").arg(fileOfForm);
+    for (QString *file : {&fileOfForm, &fileOfTable}) {
+        if (!database.isOpen() && DatabaseLocator::isSameFile(*file, database.databaseName()))
+            *file = tr("%1 (as it was then)").arg(*file);
+    }
     QString error;
     if (!DatabaseLocator::openNamedConnection(database, connectionName, path, error)) {
         QMessageBox::critical(this, tr("Database Error"), error);

@@ -173,8 +173,8 @@ void TripsPage::openDatabase(const QString &path)
         return;
     }
     hasHadFile = true;
-    list->showTrips(
-        {}); // or trips of the file before would be loaded where this one cannot be read
+    // Where this file cannot be listed, the trips of the one before would pass for its own.
+    list->showTrips({});
     stops->refreshLocationConnection();
     bringFileUpToDate();
     loadItemNames();

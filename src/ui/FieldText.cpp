@@ -32,7 +32,10 @@ QString textOf(const QLineEdit *field)
 QString textOf(const QPlainTextEdit *field)
 {
     // QPlainTextEdit::toPlainText() would make blanks of the blanks that hold words together.
-    return field->document()->toRawText().replace(QChar::ParagraphSeparator, u'\n');
+    return field->document()
+        ->toRawText()
+        .replace(QChar::ParagraphSeparator, u'\n')
+        .replace(QChar::LineSeparator, u'\n');
 }
 
 bool isTooLong(const QLineEdit * /*field*/, const QString &text)

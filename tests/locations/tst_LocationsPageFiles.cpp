@@ -157,6 +157,29 @@ private Q_SLOTS:
         QCOMPARE(stored(files.first).at(0), coded(u"ALB1"_s, kansas));
     }
 
+    void rowsOfAFileReplacedByAnImportAreStillOfThatFile()
+    {
+        TwoFiles files;
+        DatabaseLocator::closeAllSqliteConnections();
+        QVERIFY(QFile::remove(files.first));
+        QVERIFY(QFile::copy(files.second, files.first));
+        {
+            const TestConnection imported(files.first);
+            imported.execute(u"ALTER TABLE locations RENAME TO away"_s);
+            files.robot.expectContaining(DialogRobot::Critical, u"Query Error"_s, u"locations"_s);
+            files.places.page->openDatabase(files.first);
+            imported.execute(u"ALTER TABLE away RENAME TO locations"_s);
+        }
+        files.places.edits(0);
+        files.robot
+            .expect(DialogRobot::Question, saveButton,
+                    u"This location was entered while another file was open:\n\n%1 (as it was "
+                    "then)\n\nSave it to the file that is open now?\n\n%1"_s.arg(files.first))
+            .press(u"No"_s);
+        files.places.clicks(saveButton);
+        QCOMPARE(stored(files.first), QList<QStringList>({dallas}));
+    }
+
     void entryBegunBeforeAnyFileWasOpenIsOfTheFirstThatIs()
     {
         TwoFiles files;

@@ -74,6 +74,16 @@ private Q_SLOTS:
         QCOMPARE(FieldText::of(&editor), u"Gate\u00A04\nRing twice"_s);
     }
 
+    void lineBrokenWithShiftIsABrokenLine()
+    {
+        QPlainTextEdit editor;
+        FieldText::show(&editor, u"Gate 4"_s);
+        editor.moveCursor(QTextCursor::End);
+        QTest::keyClick(&editor, Qt::Key_Return, Qt::ShiftModifier);
+        QTest::keyClicks(&editor, u"Ring"_s);
+        QCOMPARE(FieldText::of(&editor), u"Gate 4\nRing"_s);
+    }
+
     void nameChosenAfterALongOneCanBeEdited()
     {
         QComboBox box;

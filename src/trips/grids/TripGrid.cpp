@@ -125,12 +125,14 @@ QString TripGrid::boxText(int row, int column) const
     return kept.isEmpty() ? cellText(row, column).trimmed() : kept;
 }
 
-// A box gets the focus by the first key that is typed on its cell, and would miss that key.
+// A box gets the focus by the first key that is typed on its cell, and would miss that key. Only
+// then: a key that a box makes nothing of comes back to the grid, and here again.
 bool TripGrid::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
 {
     QWidget *box = cellWidget(index.row(), index.column());
+    const bool hadFocus = box && box->hasFocus();
     const bool taken = QTableWidget::edit(index, trigger, event);
-    if (taken && trigger == AnyKeyPressed && box)
+    if (taken && trigger == AnyKeyPressed && box && !hadFocus && box->hasFocus())
         QCoreApplication::sendEvent(box, event);
     return taken;
 }

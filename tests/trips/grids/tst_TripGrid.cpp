@@ -3,6 +3,8 @@
 #include "trips/grids/GridHands.h"
 #include "trips/grids/TripGrid.h"
 
+#include <QCheckBox>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -31,10 +33,11 @@ public:
         putMoney(row, 1, 0.0);
     }
 
-    void changeBox(int row) { putBox(row, 0, new RoomyBox, {}); }
+    void changeBox(int row, QWidget *box = new RoomyBox) { putBox(row, 0, box, {}); }
 };
 
 using Emptying = void (*)(BoxedGrid &grid);
+using Boxing = QWidget *(*)();
 
 // Rows that went take their boxes along only now.
 void letBoxesGo()
@@ -124,6 +127,37 @@ private Q_SLOTS:
         QTest::keyClicks(&grid, u"r"_s);
         QCOMPARE(boxAt(&grid, 0, 0)->currentText(), u"receiver"_s);
         QVERIFY(boxAt(&grid, 0, 0)->hasFocus());
+    }
+
+    void keyThatABoxMakesNothingOfEndsThere_data()
+    {
+        QTest::addColumn<Boxing>("makeBox");
+        QTest::newRow("a check box") << +[]() -> QWidget * { return new QCheckBox; };
+        QTest::newRow("a box that cannot be used") << +[]() -> QWidget * {
+            auto *box = new QComboBox;
+            box->setEnabled(false);
+            return box;
+        };
+        QTest::newRow("a line that cannot be edited") << +[]() -> QWidget * {
+            auto *box = new QComboBox;
+            box->setEditable(true);
+            box->lineEdit()->setReadOnly(true);
+            return box;
+        };
+    }
+
+    void keyThatABoxMakesNothingOfEndsThere()
+    {
+        QFETCH(const Boxing, makeBox);
+        const Workspace workspace;
+        BoxedGrid grid;
+        grid.appendRow();
+        grid.changeBox(0, makeBox());
+        grid.setCurrentCell(0, 0);
+        grid.setFocus();
+        QTest::keyClicks(&grid, u"4"_s);
+        QTest::keyClicks(grid.cellWidget(0, 0), u"4a"_s);
+        QCOMPARE(grid.currentIndex(), grid.model()->index(0, 0));
     }
 
     void firstKeyOnACellIsTypedOnce()
