@@ -30,3 +30,20 @@ inline QString tripsIn(const QString &path)
                      "trips FROM trips GROUP BY trip_no)"))
                  .toString();
 }
+
+/// What an export works on: the database in use, with trips "kept", and an older copy.
+struct ExportFiles
+{
+    Workspace workspace;
+    QString source = makeManyTrips(workspace, QStringLiteral("trips.db"), QStringLiteral("kept"));
+    QString target = makeManyTrips(workspace, QStringLiteral("copy.db"), QStringLiteral("old"));
+};
+
+/// What an import works on: a backup, with trips "imported", and the database in use.
+struct ImportFiles
+{
+    Workspace workspace;
+    QString source =
+        makeManyTrips(workspace, QStringLiteral("july.db"), QStringLiteral("imported"));
+    QString target = makeManyTrips(workspace, QStringLiteral("trips.db"), QStringLiteral("kept"));
+};

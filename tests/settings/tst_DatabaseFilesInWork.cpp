@@ -153,9 +153,7 @@ void tst_DatabaseFilesInWork::lockedFileIsNotCopied()
 
 void tst_DatabaseFilesInWork::journalOfTheOldCopyDoesNotMeetTheNewOne()
 {
-    const Workspace workspace;
-    const QString source = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
-    const QString target = makeManyTrips(workspace, u"copy.db"_s, u"old"_s);
+    const auto &[workspace, source, target] = ExportFiles();
     OtherProgram::diesInMidWrite(target, u"trips"_s, u"trip_no"_s);
     QString error;
     QVERIFY(copyDatabaseFile(source, target, error));
@@ -206,9 +204,7 @@ void tst_DatabaseFilesInWork::oldCopyThatAnotherProgramWritesToStays()
 
 void tst_DatabaseFilesInWork::importedFileDoesNotMeetTheJournalOfTheOldOne()
 {
-    const Workspace workspace;
-    const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
-    const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
+    const auto &[workspace, source, target] = ImportFiles();
     OtherProgram::diesInMidWrite(target, u"trips"_s, u"trip_no"_s);
     QString error;
     QVERIFY(replaceDatabaseFile(source, target, error));
@@ -220,9 +216,7 @@ void tst_DatabaseFilesInWork::importedFileDoesNotMeetTheJournalOfTheOldOne()
 
 void tst_DatabaseFilesInWork::importedFileDoesNotMeetTheJournalOfAFileThatIsGone()
 {
-    const Workspace workspace;
-    const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
-    const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
+    const auto &[workspace, source, target] = ImportFiles();
     OtherProgram::diesInMidWrite(target, u"trips"_s, u"trip_no"_s);
     QVERIFY(QFile::rename(target, u"aside.db"_s));
     QString error;
@@ -234,9 +228,7 @@ void tst_DatabaseFilesInWork::importedFileDoesNotMeetTheJournalOfAFileThatIsGone
 
 void tst_DatabaseFilesInWork::importedFileDoesNotMeetTheWalOfAFileThatIsGone()
 {
-    const Workspace workspace;
-    const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
-    const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
+    const auto &[workspace, source, target] = ImportFiles();
     OtherProgram::diesInWalMode(target, {insertNew});
     QVERIFY(QFile::rename(target, u"aside.db"_s));
     QVERIFY(QFile::remove(target + "-shm"_L1));
@@ -249,9 +241,7 @@ void tst_DatabaseFilesInWork::importedFileDoesNotMeetTheWalOfAFileThatIsGone()
 
 void tst_DatabaseFilesInWork::importTakesBackWhatWasCutOffInItsSource()
 {
-    const Workspace workspace;
-    const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
-    const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
+    const auto &[workspace, source, target] = ImportFiles();
     OtherProgram::diesInMidWrite(source, u"trips"_s, u"trip_no"_s);
     QString error;
     QVERIFY(replaceDatabaseFile(source, target, error));
@@ -260,9 +250,7 @@ void tst_DatabaseFilesInWork::importTakesBackWhatWasCutOffInItsSource()
 
 void tst_DatabaseFilesInWork::importTakesInWhatOnlyTheWalHolds()
 {
-    const Workspace workspace;
-    const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
-    const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
+    const auto &[workspace, source, target] = ImportFiles();
     const OtherProgram other(source, {u"PRAGMA journal_mode = WAL"_s, insertNew});
     QString error;
     QVERIFY(replaceDatabaseFile(source, target, error));
@@ -271,9 +259,7 @@ void tst_DatabaseFilesInWork::importTakesInWhatOnlyTheWalHolds()
 
 void tst_DatabaseFilesInWork::backupHasWhatOnlyTheWalHeld()
 {
-    const Workspace workspace;
-    const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
-    const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
+    const auto &[workspace, source, target] = ImportFiles();
     OtherProgram::diesInWalMode(target, {insertNew});
     QString error;
     QVERIFY(replaceDatabaseFile(source, target, error));
@@ -299,9 +285,7 @@ void tst_DatabaseFilesInWork::fileThatIsNoDatabaseIsReplacedWithWhatLiesBesideIt
 
 void tst_DatabaseFilesInWork::databaseThatAnotherProgramHoldsInWalModeIsNotReplaced()
 {
-    const Workspace workspace;
-    const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
-    const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
+    const auto &[workspace, source, target] = ImportFiles();
     const OtherProgram other(target, {u"PRAGMA journal_mode = WAL"_s, insertNew});
     QString error;
     QString backup;
@@ -316,9 +300,7 @@ void tst_DatabaseFilesInWork::databaseThatAnotherProgramHoldsInWalModeIsNotRepla
 
 void tst_DatabaseFilesInWork::databaseThatAnotherProgramWritesToIsNotReplaced()
 {
-    const Workspace workspace;
-    const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
-    const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
+    const auto &[workspace, source, target] = ImportFiles();
     {
         const OtherProgram other(target, {u"BEGIN"_s, insertNew});
         QString error;
@@ -335,9 +317,7 @@ void tst_DatabaseFilesInWork::databaseThatAnotherProgramWritesToIsNotReplaced()
 
 void tst_DatabaseFilesInWork::lockedSourceIsNotImported()
 {
-    const Workspace workspace;
-    const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
-    const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
+    const auto &[workspace, source, target] = ImportFiles();
     const OtherProgram other(source, {u"BEGIN EXCLUSIVE"_s});
     QString error;
     QString backup;
@@ -352,9 +332,7 @@ void tst_DatabaseFilesInWork::lockedSourceIsNotImported()
 void tst_DatabaseFilesInWork::backupHasAllThatAnotherProgramCommitted()
 {
     for (int round = 0; round < 10; ++round) {
-        const Workspace workspace;
-        const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
-        const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
+        const auto &[workspace, source, target] = ImportFiles();
         QFile old(target);
         QVERIFY(old.open(QIODevice::ReadOnly));
         {
@@ -370,9 +348,7 @@ void tst_DatabaseFilesInWork::backupHasAllThatAnotherProgramCommitted()
 
 void tst_DatabaseFilesInWork::damagedDatabaseInWalModeIsCopiedAsItStands()
 {
-    const Workspace workspace;
-    const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
-    const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
+    const auto &[workspace, source, target] = ImportFiles();
     {
         const OtherProgram other(target, {u"PRAGMA journal_mode = WAL"_s, insertNew});
     }
@@ -392,9 +368,7 @@ void tst_DatabaseFilesInWork::damagedDatabaseInWalModeIsCopiedAsItStands()
 // SQLite makes the head of such a journal zero and keeps the file for the next transaction.
 void tst_DatabaseFilesInWork::finishedJournalBesideTheOldCopyIsNoObstacle()
 {
-    const Workspace workspace;
-    const QString source = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
-    const QString target = makeManyTrips(workspace, u"copy.db"_s, u"old"_s);
+    const auto &[workspace, source, target] = ExportFiles();
     {
         const OtherProgram other(target, {u"PRAGMA journal_mode = PERSIST"_s, insertNew});
     }
@@ -427,9 +401,7 @@ void tst_DatabaseFilesInWork::databaseThatSqliteCannotOpenIsNotCopiedWithoutItsW
 
 void tst_DatabaseFilesInWork::readOnlyDatabaseInWalModeIsReplaced()
 {
-    const Workspace workspace;
-    const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
-    const QString target = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
+    const auto &[workspace, source, target] = ImportFiles();
     {
         const OtherProgram other(target, {u"PRAGMA journal_mode = WAL"_s, insertNew});
     }

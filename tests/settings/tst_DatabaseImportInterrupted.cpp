@@ -52,17 +52,13 @@ void interruptImports(const QString &live, const QString &source, const QString 
 
 void tst_DatabaseImportInterrupted::importLeavesTheDatabaseOrItsBackup()
 {
-    const Workspace workspace;
-    const QString live = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
-    const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
+    const auto &[workspace, source, live] = ImportFiles();
     interruptImports(live, source, u"ok: 2000 imported"_s);
 }
 
 void tst_DatabaseImportInterrupted::importOfAWalOverAHotJournalLeavesTheDatabaseOrItsBackup()
 {
-    const Workspace workspace;
-    const QString live = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
-    const QString source = makeManyTrips(workspace, u"july.db"_s, u"imported"_s);
+    const auto &[workspace, source, live] = ImportFiles();
     OtherProgram::diesInMidWrite(live, u"trips"_s, u"trip_no"_s);
     OtherProgram::diesInWalMode(source, {u"INSERT INTO trips (trip_no) VALUES ('new')"_s});
     interruptImports(live, source, u"ok: 2000 imported, 1 new"_s);

@@ -47,17 +47,13 @@ void interruptExports(const QString &live, const QString &copy, const QString &w
 
 void tst_ExportInterrupted::exportLeavesTheOldCopyOrTheNewOne()
 {
-    const Workspace workspace;
-    const QString live = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
-    const QString copy = makeManyTrips(workspace, u"copy.db"_s, u"old"_s);
+    const auto &[workspace, live, copy] = ExportFiles();
     interruptExports(live, copy, u"ok: 2000 kept"_s);
 }
 
 void tst_ExportInterrupted::exportWithAWalLeavesTheOldCopyOrTheNewOne()
 {
-    const Workspace workspace;
-    const QString live = makeManyTrips(workspace, u"trips.db"_s, u"kept"_s);
-    const QString copy = makeManyTrips(workspace, u"copy.db"_s, u"old"_s);
+    const auto &[workspace, live, copy] = ExportFiles();
     OtherProgram::diesInWalMode(live, {u"INSERT INTO trips (trip_no) VALUES ('new')"_s});
     interruptExports(live, copy, u"ok: 2000 kept, 1 new"_s);
 }
