@@ -54,6 +54,7 @@ private Q_SLOTS:
     void initTestCase() { QVERIFY2(desktop.failure().isEmpty(), qPrintable(desktop.failure())); }
     void cellsOpenAndCloseOnEachTrip();
     void cellOpensAndClosesThoughRowsComeAndGo();
+    void letterOnAWindowBoxIsNothing();
 
 private:
     static void edits(Desk &desk, const Cell &cell);
@@ -111,6 +112,21 @@ void tst_EditedGrids::cellOpensAndClosesThoughRowsComeAndGo()
         }
         edits(desk, cells.at(1));
     }
+}
+
+// Who types a stop from code to appointment and forgets the box between them types on it.
+void tst_EditedGrids::letterOnAWindowBoxIsNothing()
+{
+    Workspace workspace;
+    makeTripsWithRows(workspace);
+    Desk desk(desktop, workspace);
+    desk.goesTo(u"Trips"_s);
+    desk.clicks({"tripList", 0, 1});
+    desk.clicks({"stopsGrid", 0, 1});
+    desk.types("DAL-01\t04a");
+    QTRY_COMPARE(desk.focus(), u"stopsGrid[0,2]"_s);
+    QCOMPARE(desk.text({"stopsGrid", 0, 1}), u"DAL-01"_s);
+    edits(desk, cells.at(0));
 }
 
 TEST_CLASS_WITHOUT_WINDOWS(tst_EditedGrids)
